@@ -1,0 +1,27 @@
+#pragma once
+
+/// @file
+/// Regular expressions in linear time.
+
+#include <memory>
+
+#include "zelnor/platform/values.h"
+
+namespace zelnor {
+
+/// A compiled pattern with the syntax of ECMAScript's character classes, counted repeats, `\s` and alternation.
+/// Patterns are not anchored unless they carry their own anchors. Copies share the compiled pattern.
+class ZELNOR_API Regex {
+ public:
+  /// Raises error 5 for a pattern that can't be compiled.
+  explicit Regex(std::string_view pattern, bool ignore_case = false);
+
+  /// True when the pattern matches anywhere in the text.
+  bool Test(std::string_view text) const;
+
+ private:
+  struct Compiled;
+  std::shared_ptr<const Compiled> compiled_;
+};
+
+}  // namespace zelnor
