@@ -3,19 +3,19 @@
 /// @file
 /// The keyed ordered collection that holds children everywhere.
 
+#include "zelnor/platform/failure.h"
+#include "zelnor/platform/text.h"
+#include "zelnor/platform/values.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <unordered_map>
 #include <vector>
 
-#include "zelnor/platform/failure.h"
-#include "zelnor/platform/text.h"
-#include "zelnor/platform/values.h"
-
 namespace zelnor {
 
-/// Items in the order in which they were added, reached by position (from 1) or by an optional key, which is unique
-/// and compared ignoring case.
+/// Items in the order in which they were added, reached by position (from 1) or by an optional key, which is
+/// unique and compared ignoring case.
 ///
 /// @code
 /// Collection<Ref<clsEmployee>> employees;

@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// Events: raised on the caller's thread, one handler after the other, in the order in which they were connected.
+/// Events: raised on the caller's thread, one handler after the other, in the order in which they were
+/// connected.
 
 #include <sigc++/sigc++.h>
 

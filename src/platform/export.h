@@ -6,5 +6,6 @@
 /// Marks a class or function as part of the library's public interface.
 #define ZELNOR_API __attribute__((visibility("default")))
 
-/// Marks a member of a public class as internal: other parts of the library use it, applications can't link to it.
+/// Marks a member of a public class as internal: other parts of the library use it, applications can't link
+/// to it.
 #define ZELNOR_INTERNAL __attribute__((visibility("hidden")))

@@ -5,17 +5,18 @@
 ///
 /// @code
 /// class MyHost : public zelnor::DefaultHost {
-///   Long MessageBox(const String& text, Long style, const String& title) override { return ShowInMyWindow(text, title); }
+///   Long MessageBox(const String& text, Long style, const String& title) override { return
+///   ShowInMyWindow(text, title); }
 /// };
 /// zelnor::SetHost(std::make_shared<MyHost>());
 /// @endcode
+
+#include "zelnor/platform/values.h"
 
 #include <cstdint>
 #include <deque>
 #include <memory>
 #include <vector>
-
-#include "zelnor/platform/values.h"
 
 namespace zelnor {
 
@@ -27,16 +28,16 @@ inline constexpr Long kExclamationIcon = 48;
 /// What the dialog with a check box is asked to show.
 struct DialogRequest {
   String message;
-  Long style = 0;            ///< icon part (16, 32, 48, 64) plus button part (0 to 6)
+  Long style = 0;  ///< icon part (16, 32, 48, 64) plus button part (0 to 6)
   String title;
-  Long style_ext = 0;        ///< 1 shows the check box
+  Long style_ext = 0;  ///< 1 shows the check box
   String checkbox_text;
 };
 
 /// What came of it.
 struct DialogAnswer {
-  Long result = 0;           ///< ok 1, cancel 2, abort 3, retry 4, ignore 5, yes 6, no 7, combine 8, replace 9
-  bool checked = false;      ///< whether the check box was ticked
+  Long result = 0;       ///< ok 1, cancel 2, abort 3, retry 4, ignore 5, yes 6, no 7, combine 8, replace 9
+  bool checked = false;  ///< whether the check box was ticked
 };
 
 /// Bits of the connection state.
@@ -91,9 +92,10 @@ class ZELNOR_API Host {
   virtual ConnectionState Connection() = 0;
 };
 
-/// The host that needs no screen: it writes each message to standard error and keeps the last 100 of them, answers
-/// the Combine, Replace, Ignore dialog with "ignore" (5), so that nothing is lost, and any other dialog with its
-/// last button, takes the system's clock, and opens files with `xdg-open`. Derive from it to replace single members.
+/// The host that needs no screen: it writes each message to standard error and keeps the last 100 of them,
+/// answers the Combine, Replace, Ignore dialog with "ignore" (5), so that nothing is lost, and any other
+/// dialog with its last button, takes the system's clock, and opens files with `xdg-open`. Derive from it to
+/// replace single members.
 class ZELNOR_API DefaultHost : public Host {
  public:
   Long MessageBox(const String& text, Long style, const String& title) override;

@@ -3,14 +3,15 @@
 /// @file
 /// Regular expressions in linear time.
 
-#include <memory>
-
 #include "zelnor/platform/values.h"
+
+#include <memory>
 
 namespace zelnor {
 
-/// A compiled pattern with the syntax of ECMAScript's character classes, counted repeats, `\s` and alternation.
-/// Patterns are not anchored unless they carry their own anchors. Copies share the compiled pattern.
+/// A compiled pattern with the syntax of ECMAScript's character classes, counted repeats, `\s` and
+/// alternation. Patterns are not anchored unless they carry their own anchors. Copies share the compiled
+/// pattern.
 class ZELNOR_API Regex {
  public:
   /// Raises error 5 for a pattern that can't be compiled.

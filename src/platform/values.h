@@ -3,13 +3,13 @@
 /// @file
 /// The values that all of the system is made of: text, whole numbers, money and dates.
 
+#include "zelnor/platform/export.h"
+
 #include <compare>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-
-#include "zelnor/platform/export.h"
 
 namespace zelnor {
 
@@ -37,7 +37,8 @@ class ZELNOR_API Currency {
   constexpr Currency() = default;
 
   /// A whole number of pounds.
-  constexpr Currency(int pounds) : units_(std::int64_t{pounds} * 10000) {}  // NOLINT(google-explicit-constructor)
+  constexpr Currency(int pounds)
+      : units_(std::int64_t{pounds} * 10000) {}  // NOLINT(google-explicit-constructor)
 
   /// Rounds halves to even at four decimals. Raises error 6 when out of range (about 922 million million).
   explicit Currency(double amount);
@@ -85,7 +86,8 @@ class ZELNOR_API Date {
   static Date FromSerial(double serial);
 
   /// From year, month and day; overflow is carried on, so that 30 February 2014 is 2 March. Years 0 to 29 are
-  /// 2000 to 2029, 30 to 99 are 1930 to 1999. Raises error 5 where the result lies outside the years 100 to 9999.
+  /// 2000 to 2029, 30 to 99 are 1930 to 1999. Raises error 5 where the result lies outside the years 100 to
+  /// 9999.
   static Date FromParts(int year, int month, int day);
 
   /// The time of day alone, with overflow carried on: 25 hours is one day and one hour.

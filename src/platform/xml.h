@@ -1,10 +1,10 @@
 #pragma once
 
 /// @file
-/// The XML document object model. Handles (XmlNode, XmlDocument) are cheap to copy and behave like references: all
-/// copies mean the same node, and a node keeps its document alive. A default handle holds no object; using one
-/// raises error 91. An operation that the model refuses (a bad name, a bad XPath, removing a node that is no child)
-/// raises error 5.
+/// The XML document object model. Handles (XmlNode, XmlDocument) are cheap to copy and behave like
+/// references: all copies mean the same node, and a node keeps its document alive. A default handle holds no
+/// object; using one raises error 91. An operation that the model refuses (a bad name, a bad XPath, removing
+/// a node that is no child) raises error 5.
 ///
 /// Nothing is ever fetched: external entities are refused, external subsets ignored.
 ///
@@ -14,6 +14,8 @@
 /// String one = doc.SelectSingleNode("a/b").Text();
 /// @endcode
 
+#include "zelnor/platform/values.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -22,8 +24,6 @@
 #include <optional>
 #include <string_view>
 #include <vector>
-
-#include "zelnor/platform/values.h"
 
 // The DOM library's own structures, unknown to the users of this header.
 struct _xmlNode;
@@ -59,8 +59,9 @@ struct ZELNOR_API XmlParseError {
   Long line = 0;       ///< from 1
   Long linepos = 0;    ///< column, from 1
   String reason;       ///< one or more plain sentences ending in a line feed
-  String srcText;      ///< the source line at fault cut at 256 characters; after a failed validation the node's path
-  String url;          ///< the file that was loaded
+  String
+      srcText;  ///< the source line at fault cut at 256 characters; after a failed validation the node's path
+  String url;   ///< the file that was loaded
 };
 
 /// A node of a document: element, attribute, text, comment, processing instruction, document or fragment.
@@ -86,8 +87,8 @@ class ZELNOR_API XmlNode {
   XmlNodeType NodeType() const;
   bool IsElement() const { return node_ != nullptr && NodeType() == XmlNodeType::Element; }
 
-  /// The name with its prefix; "#document", "#text", "#comment", "#cdata-section", "#document-fragment" for nodes
-  /// without one.
+  /// The name with its prefix; "#document", "#text", "#comment", "#cdata-section", "#document-fragment" for
+  /// nodes without one.
   String NodeName() const;
 
   /// The name without prefix; empty for a text, comment or document node. The view lives as long as the node.
@@ -109,8 +110,8 @@ class ZELNOR_API XmlNode {
   /// `<a></a>`. A node on its own also carries the declarations that it needs from its ancestors.
   String Xml() const;
 
-  /// Calls `sink` with that text in pieces, without ever holding it whole. The subtree `leave_out`, if given, is not
-  /// written.
+  /// Calls `sink` with that text in pieces, without ever holding it whole. The subtree `leave_out`, if given,
+  /// is not written.
   using Sink = std::function<void(std::string_view piece)>;
   void WriteXml(const Sink& sink, const XmlNode& leave_out = nullptr) const;
 
@@ -125,8 +126,8 @@ class ZELNOR_API XmlNode {
   /// The children in order, for a range-for. The list may change behind the node that the loop stands on.
   ChildRange ChildNodes() const;
 
-  /// Appends a node as the last child, taking it from where it was; a node of another document is adopted. Of a
-  /// fragment its children are appended. Returns the node.
+  /// Appends a node as the last child, taking it from where it was; a node of another document is adopted. Of
+  /// a fragment its children are appended. Returns the node.
   XmlNode AppendChild(const XmlNode& child) const;
 
   /// Inserts a node before a child; with no child given, appends it. Returns the node.
@@ -141,8 +142,8 @@ class ZELNOR_API XmlNode {
   /// A copy without parent, in the same document.
   XmlNode CloneNode(bool deep) const;
 
-  /// The attributes in order, namespace declarations first. A processing instruction `xml` or `xml-stylesheet` shows
-  /// its pseudo-attributes through the four operations below, and no nodes here.
+  /// The attributes in order, namespace declarations first. A processing instruction `xml` or
+  /// `xml-stylesheet` shows its pseudo-attributes through the four operations below, and no nodes here.
   std::vector<XmlNode> Attributes() const;
 
   /// The attribute's node by its name with prefix, `xmlns` and `xmlns:p` among them; no object when absent.
@@ -158,11 +159,12 @@ class ZELNOR_API XmlNode {
   /// Removes the attribute, if there.
   void RemoveAttribute(std::string_view name) const;
 
-  /// Appends a new element in the given namespace and returns it. An empty namespace gives an element without one.
+  /// Appends a new element in the given namespace and returns it. An empty namespace gives an element without
+  /// one.
   XmlNode AppendElement(std::string_view name, std::string_view namespace_uri) const;
 
-  /// Appends a new element in the namespace that new children of this node take: that of its `xmlns` attribute,
-  /// else its own NamespaceURI, else none.
+  /// Appends a new element in the namespace that new children of this node take: that of its `xmlns`
+  /// attribute, else its own NamespaceURI, else none.
   XmlNode AppendElement(std::string_view name) const;
 
   /// The namespace that new children of this element take; see AppendElement. Empty for other kinds of node.
@@ -194,8 +196,8 @@ class ZELNOR_API XmlNode {
   _xmlNs* ns_ = nullptr;      // set: this handle means the declaration of that namespace on node_
 };
 
-/// A document. Copies of the handle mean the same document; loading replaces the content for all of them, while nodes of
-/// the former content stay alive for whoever holds them.
+/// A document. Copies of the handle mean the same document; loading replaces the content for all of them,
+/// while nodes of the former content stay alive for whoever holds them.
 class ZELNOR_API XmlDocument {
  public:
   /// A new empty document.
@@ -225,8 +227,8 @@ class ZELNOR_API XmlDocument {
   /// What the last load or validation found.
   const XmlParseError& ParseError() const;
 
-  /// Writes exactly the Xml text in the document's encoding (that of its declaration, else UTF-8), without a byte order
-  /// mark, as files.h tells.
+  /// Writes exactly the Xml text in the document's encoding (that of its declaration, else UTF-8), without a
+  /// byte order mark, as files.h tells.
   void Save(std::string_view path) const;
 
   /// See XmlNode::Xml.
@@ -242,14 +244,15 @@ class ZELNOR_API XmlDocument {
   void ValidateOnParse(bool value) const;
   void ResolveExternals(bool value) const;
 
-  /// Binds prefixes for SelectNodes, in the form `xmlns:ns="http://..." xmlns:b='...'`. Error 5 for any other form.
+  /// Binds prefixes for SelectNodes, in the form `xmlns:ns="http://..." xmlns:b='...'`. Error 5 for any other
+  /// form.
   void SelectionNamespaces(std::string_view declarations) const;
 
   /// The schemas that Validate uses.
   void Schemas(std::shared_ptr<const XmlSchemaCollection> schemas) const;
 
-  /// Validates the document against its schemas. True when it is valid; otherwise ParseError holds the first error in
-  /// document order, with position 0, an empty url and the path of the node at fault as srcText.
+  /// Validates the document against its schemas. True when it is valid; otherwise ParseError holds the first
+  /// error in document order, with position 0, an empty url and the path of the node at fault as srcText.
   bool Validate() const;
 
   /// New nodes of this document, without parent. A name that is none raises error 5.
@@ -339,7 +342,8 @@ class ZELNOR_API XmlSchemaCollection {
   std::unique_ptr<Data> data_;
 };
 
-/// The reader and writer behind PrettyPrintXML: parses the text and writes it again as the `xml` text does, with
+/// The reader and writer behind PrettyPrintXML: parses the text and writes it again as the `xml` text does,
+/// with
 /// `<?xml version="1.0" encoding="utf-8" standalone="no"?>` and a line end in front unless the declaration is
 /// omitted. White space is kept. Raises error 440 with the parser's reason for text that isn't well formed.
 ZELNOR_API String RewriteXml(std::string_view text, bool omit_declaration);

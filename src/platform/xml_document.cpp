@@ -1,17 +1,17 @@
-#include <fcntl.h>
-#include <libxml/encoding.h>
-#include <libxml/xmlIO.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <cstring>
-
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/platform/xml_tree.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <libxml/encoding.h>
+#include <libxml/xmlIO.h>
 
 namespace zelnor {
 namespace {
@@ -54,7 +54,8 @@ XmlNode Loose(Tree& tree, xmlNode* node) {
 // The encoding that the document's declaration names; empty for UTF-8 and for none.
 String DeclaredEncoding(const XmlDocument& document) {
   const XmlNode first = document.Node().FirstChild();
-  if (!first || first.NodeType() != XmlNodeType::ProcessingInstruction || first.BaseName() != "xml") return {};
+  if (!first || first.NodeType() != XmlNodeType::ProcessingInstruction || first.BaseName() != "xml")
+    return {};
   const String encoding = UpperCase(first.Attribute("encoding").value_or(""));
   if (encoding == "UTF-8" || encoding == "UTF8" || encoding == "US-ASCII") return {};
   return encoding == "UTF-16" ? "UTF-16LE" : encoding;  // "UTF-16" alone would begin with a byte order mark
@@ -140,7 +141,8 @@ bool XmlDocument::Load(std::string_view path) const {
     } else if (S_ISDIR(status.st_mode)) {
       reason = "The path names a folder, not a file.\n";
     } else if (S_ISREG(status.st_mode) && status.st_size > kMaxXmlBytes) {
-      reason = "The document is larger than " + std::to_string(kMaxXmlBytes / 1024 / 1024) + " MB and was not read.\n";
+      reason = "The document is larger than " + std::to_string(kMaxXmlBytes / 1024 / 1024) +
+               " MB and was not read.\n";
     }
   } catch (const RuntimeError& error) {
     reason = error.Description() + ".\n";
@@ -154,13 +156,14 @@ bool XmlDocument::Load(std::string_view path) const {
     state.parse_error.reason = reason;
     return false;
   }
-  const bool loaded = LoadInto(state, {.read = [file](char* buffer, int size) {
-                                         ssize_t count = 0;
-                                         do {
-                                           count = read(file, buffer, static_cast<std::size_t>(size));
-                                         } while (count < 0 && errno == EINTR);
-                                         return static_cast<int>(count);
-                                       },
+  const bool loaded = LoadInto(state, {.read =
+                                           [file](char* buffer, int size) {
+                                             ssize_t count = 0;
+                                             do {
+                                               count = read(file, buffer, static_cast<std::size_t>(size));
+                                             } while (count < 0 && errno == EINTR);
+                                             return static_cast<int>(count);
+                                           },
                                        .url = String(path),
                                        .text = false,
                                        .preserve_white_space = state.tree->preserve_white_space});
@@ -204,15 +207,19 @@ void XmlDocument::Schemas(std::shared_ptr<const XmlSchemaCollection> schemas) co
   Required(*this).schemas = std::move(schemas);
 }
 
-XmlNode XmlDocument::CreateElement(std::string_view name) const { return CreateNode(XmlNodeType::Element, name, {}); }
+XmlNode XmlDocument::CreateElement(std::string_view name) const {
+  return CreateNode(XmlNodeType::Element, name, {});
+}
 
-XmlNode XmlDocument::CreateNode(XmlNodeType type, std::string_view name, std::string_view namespace_uri) const {
+XmlNode XmlDocument::CreateNode(XmlNodeType type, std::string_view name,
+                                std::string_view namespace_uri) const {
   Tree& tree = *Required(*this).tree;
   const String whole_name(name);
   const bool named = type == XmlNodeType::Element || type == XmlNodeType::Attribute;
   if (named && xmlValidateQName(Chars(whole_name), 0) != 0) ThrowInvalidArgument();
   const std::size_t colon = name.find(':');
-  const std::string_view prefix = colon == std::string_view::npos ? std::string_view() : name.substr(0, colon);
+  const std::string_view prefix =
+      colon == std::string_view::npos ? std::string_view() : name.substr(0, colon);
   const std::string_view base = colon == std::string_view::npos ? name : name.substr(colon + 1);
   if (named && !prefix.empty() && namespace_uri.empty()) ThrowInvalidArgument();
   switch (type) {
@@ -281,7 +288,8 @@ String RewriteXml(std::string_view text, bool omit_declaration) {
   String written;
   if (!omit_declaration) written = "<?xml version=\"1.0\" encoding=\"utf-8\" standalone=\"no\"?>\n";
   for (const XmlNode& child : document.Node().ChildNodes()) {
-    const bool declaration = child.NodeType() == XmlNodeType::ProcessingInstruction && child.BaseName() == "xml";
+    const bool declaration =
+        child.NodeType() == XmlNodeType::ProcessingInstruction && child.BaseName() == "xml";
     if (!declaration) child.WriteXml([&](std::string_view piece) { written.append(piece); });
   }
   return written;

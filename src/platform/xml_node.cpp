@@ -1,11 +1,11 @@
-#include <libxml/xpath.h>
-#include <libxml/xpathInternals.h>
-
-#include <algorithm>
-
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/platform/xml_tree.h"
+
+#include <algorithm>
+
+#include <libxml/xpath.h>
+#include <libxml/xpathInternals.h>
 
 namespace zelnor {
 namespace {
@@ -26,7 +26,8 @@ xmlNode* Raw(const XmlNode& handle) {
 // The node of a handle that must be an element.
 xmlNode* RawElement(const XmlNode& handle) {
   xmlNode* node = Raw(handle);
-  if (node->type != XML_ELEMENT_NODE || XmlNode::Access::Declaration(handle) != nullptr) ThrowInvalidArgument();
+  if (node->type != XML_ELEMENT_NODE || XmlNode::Access::Declaration(handle) != nullptr)
+    ThrowInvalidArgument();
   return node;
 }
 
@@ -63,7 +64,8 @@ void RemoveChildren(xmlNode* node) {
   }
 }
 
-// Links a node without parent in before `before`, or last. libxml2's own operations would merge neighbouring texts.
+// Links a node without parent in before `before`, or last. libxml2's own operations would merge neighbouring
+// texts.
 void Link(xmlNode* parent, xmlNode* child, xmlNode* before) {
   child->parent = parent;
   child->next = before;
@@ -119,7 +121,8 @@ xmlAttr* FindAttribute(const xmlNode* element, std::string_view name) {
 
 String AttributeValue(const xmlAttr* attribute) {
   String value;
-  for (const xmlNode* text = attribute->children; text != nullptr; text = text->next) value += View(text->content);
+  for (const xmlNode* text = attribute->children; text != nullptr; text = text->next)
+    value += View(text->content);
   return value;
 }
 
@@ -133,7 +136,8 @@ void SetAttributeValue(xmlAttr* attribute, const String& value) {
 xmlNs* NamespaceOfPrefix(xmlNode* element, std::string_view prefix) {
   Tree& tree = Tree::Of(element);
   if (prefix == "xml") return tree.Namespace("http://www.w3.org/XML/1998/namespace", "xml");
-  for (const xmlNode* node = element; node != nullptr && node->type == XML_ELEMENT_NODE; node = node->parent) {
+  for (const xmlNode* node = element; node != nullptr && node->type == XML_ELEMENT_NODE;
+       node = node->parent) {
     if (const xmlNs* ns = DeclarationOn(node, prefix)) return tree.Namespace(View(ns->href), prefix);
     if (node->ns != nullptr && View(node->ns->prefix) == prefix) return node->ns;
   }
@@ -193,7 +197,9 @@ std::optional<String> InstructionAttribute(const xmlNode* instruction, std::stri
   return std::nullopt;
 }
 
-void SetInstructionData(xmlNode* instruction, const String& data) { xmlNodeSetContent(instruction, Chars(data)); }
+void SetInstructionData(xmlNode* instruction, const String& data) {
+  xmlNodeSetContent(instruction, Chars(data));
+}
 
 void SetInstructionAttribute(xmlNode* instruction, std::string_view name, std::string_view value) {
   String data(View(instruction->content));
@@ -387,12 +393,14 @@ XmlNode XmlNode::LastChild() const {
 
 XmlNode XmlNode::NextSibling() const {
   const xmlNode* node = Raw(*this);
-  return IsDocument(node) || node->type == XML_ATTRIBUTE_NODE || ns_ != nullptr ? XmlNode() : Handle(node->next);
+  return IsDocument(node) || node->type == XML_ATTRIBUTE_NODE || ns_ != nullptr ? XmlNode()
+                                                                                : Handle(node->next);
 }
 
 XmlNode XmlNode::PreviousSibling() const {
   const xmlNode* node = Raw(*this);
-  return IsDocument(node) || node->type == XML_ATTRIBUTE_NODE || ns_ != nullptr ? XmlNode() : Handle(node->prev);
+  return IsDocument(node) || node->type == XML_ATTRIBUTE_NODE || ns_ != nullptr ? XmlNode()
+                                                                                : Handle(node->prev);
 }
 
 bool XmlNode::HasChildNodes() const {
@@ -420,7 +428,8 @@ XmlNode XmlNode::InsertBefore(const XmlNode& child, const XmlNode& before) const
   if (IsDocument(parent)) {
     const xmlNode* root = xmlDocGetRootElement(Tree::Of(parent).Doc());
     const bool second_root = node->type == XML_ELEMENT_NODE && root != nullptr && root != node;
-    if (second_root || node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) ThrowInvalidArgument();
+    if (second_root || node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE)
+      ThrowInvalidArgument();
   }
   Unlink(node);
   Tree::Of(parent).Take(node);
@@ -431,7 +440,8 @@ XmlNode XmlNode::InsertBefore(const XmlNode& child, const XmlNode& before) const
 XmlNode XmlNode::RemoveChild(const XmlNode& child) const {
   xmlNode* parent = Raw(*this);
   xmlNode* node = Raw(child);
-  if (node->parent != parent || node->type == XML_ATTRIBUTE_NODE || child.ns_ != nullptr) ThrowInvalidArgument();
+  if (node->parent != parent || node->type == XML_ATTRIBUTE_NODE || child.ns_ != nullptr)
+    ThrowInvalidArgument();
   Unlink(node);
   Tree::Of(node).Loosen(node);
   return child;
@@ -452,7 +462,8 @@ XmlNode XmlNode::CloneNode(bool deep) const {
     XmlDocument copy;
     copy.PreserveWhiteSpace(Tree::Of(node).preserve_white_space);
     for (const XmlNode& child : ChildNodes()) {
-      if (deep && child.NodeType() != XmlNodeType::DocumentType) copy.AppendChild(copy.ImportNode(child, true));
+      if (deep && child.NodeType() != XmlNodeType::DocumentType)
+        copy.AppendChild(copy.ImportNode(child, true));
     }
     return copy.Node();
   }
@@ -580,8 +591,8 @@ std::vector<XmlNode> XmlNode::SelectNodes(std::string_view xpath) const {
   xmlNode* node = Raw(*this);
   if (ns_ != nullptr) ThrowInvalidArgument();
   Tree& tree = Tree::Of(node);
-  const std::unique_ptr<xmlXPathContext, decltype(&xmlXPathFreeContext)> context(xmlXPathNewContext(tree.Doc()),
-                                                                                 xmlXPathFreeContext);
+  const std::unique_ptr<xmlXPathContext, decltype(&xmlXPathFreeContext)> context(
+      xmlXPathNewContext(tree.Doc()), xmlXPathFreeContext);
   if (context == nullptr) throw std::bad_alloc();
   context->node = node;
   context->error = IgnoreError;
@@ -633,8 +644,10 @@ String XmlNode::Path() const {
     };
     int position = 1;
     bool alone = true;
-    for (const xmlNode* other = node->prev; other != nullptr; other = other->prev) position += same_name(other) ? 1 : 0;
-    for (const xmlNode* other = node->next; other != nullptr && alone; other = other->next) alone = !same_name(other);
+    for (const xmlNode* other = node->prev; other != nullptr; other = other->prev)
+      position += same_name(other) ? 1 : 0;
+    for (const xmlNode* other = node->next; other != nullptr && alone; other = other->next)
+      alone = !same_name(other);
     String step = "/" + String(View(node->name));
     if (position > 1 || !alone) step += "[" + std::to_string(position) + "]";
     path.insert(0, step);

@@ -1,11 +1,11 @@
-#include <libxml/SAX2.h>
-#include <libxml/parserInternals.h>
+#include "zelnor/platform/text.h"
+#include "zelnor/platform/xml_tree.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "zelnor/platform/text.h"
-#include "zelnor/platform/xml_tree.h"
+#include <libxml/SAX2.h>
+#include <libxml/parserInternals.h>
 
 namespace zelnor {
 namespace {
@@ -22,9 +22,9 @@ struct Run {
   XmlParseError* error = nullptr;
   Tree* tree = nullptr;
   std::int64_t bytes = 0;
-  String beginning = {};       // the first bytes, in which the declaration stands
+  String beginning = {};  // the first bytes, in which the declaration stands
   const xmlNs* last_seen = nullptr;
-  xmlNs* last_own = nullptr;   // the tree's namespace for last_seen
+  xmlNs* last_own = nullptr;  // the tree's namespace for last_seen
 
   xmlNs* OwnNamespace(const xmlNs* seen) {
     if (seen == nullptr) return nullptr;
@@ -48,7 +48,8 @@ String SourceLine(const xmlParserInput* input) {
   while (begin > input->base && begin[-1] != '\n' && input->cur - begin < kReach) --begin;
   const xmlChar* end = input->cur;
   while (end < input->end && *end != '\n' && *end != 0 && end - begin < kReach) ++end;
-  return Left(Tree::Clean({reinterpret_cast<const char*>(begin), static_cast<std::size_t>(end - begin)}), 256);
+  return Left(Tree::Clean({reinterpret_cast<const char*>(begin), static_cast<std::size_t>(end - begin)}),
+              256);
 }
 
 // Keeps the first error.
@@ -67,15 +68,17 @@ void Fail(xmlParserCtxt* context, Long code, String reason, Long line, Long colu
 
 void Refuse(xmlParserCtxt* context, Long code, String reason) {
   const xmlParserInput* input = context->input;
-  Fail(context, code, std::move(reason), input == nullptr ? 0 : input->line, input == nullptr ? 0 : input->col);
+  Fail(context, code, std::move(reason), input == nullptr ? 0 : input->line,
+       input == nullptr ? 0 : input->col);
   xmlStopParser(context);
   context->wellFormed = 0;
 }
 
 void OnError(void* context, xmlErrorPtr raised) {
   if (raised == nullptr || raised->level < XML_ERR_ERROR) return;
-  Fail(Context(context), raised->code, raised->message == nullptr ? "The text is not well formed." : raised->message,
-       raised->line, raised->int2);
+  Fail(Context(context), raised->code,
+       raised->message == nullptr ? "The text is not well formed." : raised->message, raised->line,
+       raised->int2);
 }
 
 bool IsBlank(const xmlNode* text) {
@@ -93,17 +96,18 @@ void DropBlank(xmlParserCtxt* context) {
   xmlFreeNode(last);
 }
 
-void OnStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri, int namespace_count,
-                    const xmlChar** namespaces, int attribute_count, int defaulted_count,
+void OnStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                    int namespace_count, const xmlChar** namespaces, int attribute_count, int defaulted_count,
                     const xmlChar** attributes) {
   xmlParserCtxt* parser = Context(context);
   DropBlank(parser);
   if (parser->nodeNr >= kMaxXmlDepth) {
-    Refuse(parser, kTooDeep, "The document is nested deeper than " + std::to_string(kMaxXmlDepth) + " levels.");
+    Refuse(parser, kTooDeep,
+           "The document is nested deeper than " + std::to_string(kMaxXmlDepth) + " levels.");
     return;
   }
-  xmlSAX2StartElementNs(context, name, prefix, uri, namespace_count, namespaces, attribute_count, defaulted_count,
-                        attributes);
+  xmlSAX2StartElementNs(context, name, prefix, uri, namespace_count, namespaces, attribute_count,
+                        defaulted_count, attributes);
   xmlNode* node = parser->node;
   if (node == nullptr) return;
   Run& run = RunOf(context);
@@ -128,17 +132,20 @@ void OnInstruction(void* context, const xmlChar* target, const xmlChar* data) {
   xmlSAX2ProcessingInstruction(context, target, data);
 }
 
-// A document type may declare entities: libxml2's own bounds on their expansion hold only without this option.
-void OnInternalSubset(void* context, const xmlChar* name, const xmlChar* external_id, const xmlChar* system_id) {
+// A document type may declare entities: libxml2's own bounds on their expansion hold only without this
+// option.
+void OnInternalSubset(void* context, const xmlChar* name, const xmlChar* external_id,
+                      const xmlChar* system_id) {
   Context(context)->options &= ~XML_PARSE_HUGE;
   xmlSAX2InternalSubset(context, name, external_id, system_id);
 }
 
-void OnEntity(void* context, const xmlChar* name, int type, const xmlChar* public_id, const xmlChar* system_id,
-              xmlChar* content) {
+void OnEntity(void* context, const xmlChar* name, int type, const xmlChar* public_id,
+              const xmlChar* system_id, xmlChar* content) {
   if (type == XML_EXTERNAL_GENERAL_PARSED_ENTITY || type == XML_EXTERNAL_PARAMETER_ENTITY) {
-    Refuse(Context(context), kExternalEntity,
-           "The document declares the external entity '" + String(View(name)) + "'; nothing is ever fetched.");
+    Refuse(
+        Context(context), kExternalEntity,
+        "The document declares the external entity '" + String(View(name)) + "'; nothing is ever fetched.");
     return;
   }
   xmlSAX2EntityDecl(context, name, type, public_id, system_id, content);
@@ -168,27 +175,25 @@ int OnRead(void* input_pointer, char* buffer, int size) {
     return 0;
   }
   String& beginning = input.run->beginning;
-  if (beginning.size() < 1024) beginning.append(buffer, std::min<std::size_t>(static_cast<std::size_t>(count), 1024));
+  if (beginning.size() < 1024)
+    beginning.append(buffer, std::min<std::size_t>(static_cast<std::size_t>(count), 1024));
   return count;
 }
 
 int OnClose(void* /*input*/) { return 0; }
 
-// The data of the XML declaration, as it stands in the input; composed where the input's encoding hides it.
-String DeclarationData(const String& beginning, const xmlParserCtxt* context) {
+// The data of the XML declaration, as it stands in the input; empty where there is none.
+String DeclarationData(String beginning) {
+  // A declaration is all ASCII; in wider encodings the bytes between its characters are zero.
+  std::erase(beginning, '\0');
   std::string_view text = beginning;
-  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-  if (text.starts_with("<?xml") && text.size() > 5 && View(reinterpret_cast<const xmlChar*>(" \t\r\n")).find(text[5]) !=
-                                                          std::string_view::npos) {
-    const std::size_t end = text.find("?>");
-    if (end != std::string_view::npos) return Tree::Clean(TrimXmlSpace(text.substr(5, end - 5)));
+  for (const std::string_view mark : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
+    if (text.starts_with(mark)) text.remove_prefix(mark.size());
   }
-  const xmlDoc* doc = context->myDoc;
-  if (doc->standalone == -2) return {};
-  String data = "version=\"" + String(View(doc->version)) + "\"";
-  if (doc->encoding != nullptr) data += " encoding=\"" + String(View(doc->encoding)) + "\"";
-  if (doc->standalone >= 0) data += doc->standalone == 1 ? " standalone=\"yes\"" : " standalone=\"no\"";
-  return data;
+  const bool declared = text.starts_with("<?xml") && text.size() > 5 &&
+                        std::string_view(" \t\r\n").find(text[5]) != std::string_view::npos;
+  const std::size_t end = declared ? text.find("?>") : std::string_view::npos;
+  return end == std::string_view::npos ? String() : Tree::Clean(TrimXmlSpace(text.substr(5, end - 5)));
 }
 
 // The declaration becomes a node, the document's first child.
@@ -232,24 +237,27 @@ Tree* ParseXml(const XmlParseRequest& request, XmlParseError& error) {
   Run run{.request = &request, .error = &error, .tree = tree};
   SetHandlers(context, run);
   Input input{.run = &run};
-  const int options = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_HUGE | XML_PARSE_BIG_LINES | XML_PARSE_COMPACT |
-                      (request.text ? XML_PARSE_IGNORE_ENC : 0);
-  xmlDoc* doc = xmlCtxtReadIO(context, OnRead, OnClose, &input, nullptr, request.text ? "UTF-8" : nullptr, options);
+  const int options = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_HUGE | XML_PARSE_BIG_LINES |
+                      XML_PARSE_COMPACT | (request.text ? XML_PARSE_IGNORE_ENC : 0);
+  xmlDoc* doc =
+      xmlCtxtReadIO(context, OnRead, OnClose, &input, nullptr, request.text ? "UTF-8" : nullptr, options);
   if (input.too_large || input.unreadable) error = {};
   if (input.too_large) {
-    Fail(context, kTooLarge,
-         "The document is larger than " + std::to_string(kMaxXmlBytes / 1024 / 1024) + " MB and was not read.", 0, 0);
+    Fail(
+        context, kTooLarge,
+        "The document is larger than " + std::to_string(kMaxXmlBytes / 1024 / 1024) + " MB and was not read.",
+        0, 0);
   } else if (input.unreadable) {
     Fail(context, kUnreadable, "The file could not be read.", 0, 0);
-  } else if (error.errorCode == 0 && (doc == nullptr || context->wellFormed == 0 || context->nsWellFormed == 0)) {
+  } else if (error.errorCode == 0 &&
+             (doc == nullptr || context->wellFormed == 0 || context->nsWellFormed == 0)) {
     Fail(context, XML_ERR_INTERNAL_ERROR, "The text is not well formed.", 0, 0);
   }
   if (error.errorCode == 0) {
-    context->myDoc = doc;
-    AddDeclaration(doc, DeclarationData(run.beginning, context));
-    context->myDoc = nullptr;
+    AddDeclaration(doc, DeclarationData(run.beginning));
     tree->Adopt(doc);
-    if (doc->intSubset != nullptr) tree->OwnNamespaces(reinterpret_cast<xmlNode*>(doc));  // expanded entities are copies
+    if (doc->intSubset != nullptr)
+      tree->OwnNamespaces(reinterpret_cast<xmlNode*>(doc));  // expanded entities are copies
   } else if (doc != nullptr) {
     xmlFreeDoc(doc);
   }

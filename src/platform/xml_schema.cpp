@@ -1,14 +1,14 @@
-#include <libxml/xmlIO.h>
-#include <libxml/xmlschemas.h>
+#include "zelnor/platform/failure.h"
+#include "zelnor/platform/text.h"
+#include "zelnor/platform/xml_tree.h"
 
 #include <algorithm>
 #include <cstring>
 #include <map>
 #include <mutex>
 
-#include "zelnor/platform/failure.h"
-#include "zelnor/platform/text.h"
-#include "zelnor/platform/xml_tree.h"
+#include <libxml/xmlIO.h>
+#include <libxml/xmlschemas.h>
 
 namespace zelnor {
 
@@ -21,7 +21,8 @@ namespace {
 
 constexpr std::string_view kSchemaNamespace = "http://www.w3.org/2001/XMLSchema";
 
-// Addresses of this scheme are answered from the collection in use; libxml2 asks for them while it follows imports.
+// Addresses of this scheme are answered from the collection in use; libxml2 asks for them while it follows
+// imports.
 constexpr std::string_view kScheme = "zelnor-schema:";
 
 thread_local const std::map<String, String>* current_texts = nullptr;
@@ -56,7 +57,8 @@ void RegisterScheme() {
   std::call_once(once, [] { xmlRegisterInputCallbacks(Matches, Open, Read, Close); });
 }
 
-// Points every import to the collection, or to nowhere: nothing is fetched. An include or redefinition is refused.
+// Points every import to the collection, or to nowhere: nothing is fetched. An include or redefinition is
+// refused.
 String Rewritten(const XmlDocument& schema, const std::map<String, XmlNode>& known) {
   XmlDocument copy;
   const XmlNode root = copy.AppendChild(copy.ImportNode(schema.DocumentElement(), true));
@@ -93,9 +95,11 @@ void KeepFirst(void* context, xmlErrorPtr raised) {
 // A schema without content that imports all of the collection's.
 String Driver(const std::map<String, String>& texts) {
   XmlDocument driver;
-  const XmlNode root = driver.AppendChild(driver.CreateNode(XmlNodeType::Element, "xs:schema", kSchemaNamespace));
+  const XmlNode root =
+      driver.AppendChild(driver.CreateNode(XmlNodeType::Element, "xs:schema", kSchemaNamespace));
   for (const auto& [uri, text] : texts) {
-    const XmlNode import = root.AppendChild(driver.CreateNode(XmlNodeType::Element, "xs:import", kSchemaNamespace));
+    const XmlNode import =
+        root.AppendChild(driver.CreateNode(XmlNodeType::Element, "xs:import", kSchemaNamespace));
     if (!uri.empty()) import.Attribute("namespace", uri);
     import.Attribute("schemaLocation", String(kScheme) + uri);
   }
@@ -137,7 +141,8 @@ bool XmlDocument::Validate() const {
   XmlParseError& error = state_->parse_error;
   error = {};
   if (state_->schemas == nullptr || !DocumentElement()) {
-    ReportInvalid(error, {XML_ERR_DOCUMENT_EMPTY, "There is no document, or no schema, to validate.\n", nullptr});
+    ReportInvalid(error,
+                  {XML_ERR_DOCUMENT_EMPTY, "There is no document, or no schema, to validate.\n", nullptr});
     return false;
   }
   RegisterScheme();
@@ -159,7 +164,8 @@ bool XmlDocument::Validate() const {
       xmlSchemaNewMemParserCtxt(driver.data(), static_cast<int>(driver.size())), xmlSchemaFreeParserCtxt);
   if (parser == nullptr) throw std::bad_alloc();
   xmlSchemaSetParserStructuredErrors(parser.get(), KeepFirst, &first);
-  const std::unique_ptr<xmlSchema, decltype(&xmlSchemaFree)> schema(xmlSchemaParse(parser.get()), xmlSchemaFree);
+  const std::unique_ptr<xmlSchema, decltype(&xmlSchemaFree)> schema(xmlSchemaParse(parser.get()),
+                                                                    xmlSchemaFree);
   if (schema == nullptr || first.code != 0) {
     first.node = nullptr;  // it would lie in the schema
     if (first.code == 0) first = {XML_ERR_INTERNAL_ERROR, "The schemas could not be read.\n", nullptr};

@@ -1,14 +1,14 @@
 #include "zelnor/platform/xml_tree.h"
 
-#include <libxml/dict.h>
-#include <libxml/parserInternals.h>
-#include <libxml/valid.h>
+#include "zelnor/platform/failure.h"
+#include "zelnor/platform/text.h"
 
 #include <cstring>
 #include <mutex>
 
-#include "zelnor/platform/failure.h"
-#include "zelnor/platform/text.h"
+#include <libxml/dict.h>
+#include <libxml/parserInternals.h>
+#include <libxml/valid.h>
 
 namespace zelnor {
 namespace {
@@ -40,8 +40,7 @@ void VisitAll(xmlNode* top, Visit&& visit) {
 
 bool AnyHandleWithin(const xmlNode* top) {
   bool any = false;
-  for (auto* node = const_cast<xmlNode*>(top); node != nullptr && !any;
-       node = NextInSubtree(node, top)) {
+  for (auto* node = const_cast<xmlNode*>(top); node != nullptr && !any; node = NextInSubtree(node, top)) {
     any = HandleCount(node) != 0;
     if (node->type != XML_ELEMENT_NODE) continue;
     for (xmlAttr* attribute = node->properties; attribute != nullptr && !any; attribute = attribute->next) {
@@ -62,8 +61,8 @@ bool IsClean(std::string_view text) {
 }  // namespace
 
 xmlNode* NextInSubtree(xmlNode* node, const xmlNode* top) {
-  const bool descends = node->type == XML_ELEMENT_NODE || node->type == XML_DOCUMENT_FRAG_NODE || IsDocument(node) ||
-                        node->type == XML_ATTRIBUTE_NODE;
+  const bool descends = node->type == XML_ELEMENT_NODE || node->type == XML_DOCUMENT_FRAG_NODE ||
+                        IsDocument(node) || node->type == XML_ATTRIBUTE_NODE;
   if (descends && node->children != nullptr) return node->children;
   while (node != top) {
     if (node->next != nullptr) return node->next;
@@ -114,7 +113,8 @@ void Tree::Release(xmlNode* node) {
   if (!IsDocument(node)) {
     const std::uintptr_t count = HandleCount(node) - 1;
     SetHandleCount(node, count);
-    if (count == 0 && node->parent == nullptr && references_ > 1 && loose_.contains(node) && !AnyHandleWithin(node)) {
+    if (count == 0 && node->parent == nullptr && references_ > 1 && loose_.contains(node) &&
+        !AnyHandleWithin(node)) {
       loose_.erase(node);
       if (node->type == XML_ATTRIBUTE_NODE) {
         xmlFreeProp(reinterpret_cast<xmlAttr*>(node));
@@ -215,7 +215,8 @@ xmlNode* Tree::NewCopy(const xmlNode* source, bool deep) {
   const xmlNode* at = source;
   xmlNode* copy_at = top;
   while (true) {
-    const bool descends = (at->type == XML_ELEMENT_NODE || at->type == XML_DOCUMENT_FRAG_NODE) && at->children != nullptr;
+    const bool descends =
+        (at->type == XML_ELEMENT_NODE || at->type == XML_DOCUMENT_FRAG_NODE) && at->children != nullptr;
     if (descends) {
       at = at->children;
     } else {
@@ -263,7 +264,8 @@ void Tree::MoveHere(xmlNode* top) {
   std::int64_t handles = 0;
   VisitAll(top, [&](xmlNode* node) {
     handles += static_cast<std::int64_t>(HandleCount(node));
-    const bool named = node->type == XML_ELEMENT_NODE || node->type == XML_ATTRIBUTE_NODE || node->type == XML_PI_NODE;
+    const bool named =
+        node->type == XML_ELEMENT_NODE || node->type == XML_ATTRIBUTE_NODE || node->type == XML_PI_NODE;
     if (named && old_dict != nullptr && xmlDictOwns(old_dict, node->name) == 1) {
       node->name = xmlDictLookup(doc_->dict, node->name, -1);
     }
@@ -302,8 +304,8 @@ String Tree::Clean(std::string_view text) {
     const bool well_formed = point >= 0 && length > 0;
     const auto size = well_formed ? static_cast<std::size_t>(length) : 1;
     // xmlGetUTF8Char lets overlong forms pass.
-    const bool shortest = well_formed && (size == 1 || (size == 2 && point >= 0x80) || (size == 3 && point >= 0x800) ||
-                                          (size == 4 && point >= 0x10000));
+    const bool shortest = well_formed && (size == 1 || (size == 2 && point >= 0x80) ||
+                                          (size == 3 && point >= 0x800) || (size == 4 && point >= 0x10000));
     if (shortest && xmlIsCharQ(point)) {
       clean.append(text.substr(at, size));
     } else {

@@ -1,15 +1,16 @@
 #pragma once
 
 /// @file
-/// What stands behind the handles of xml.h: one libxml2 document with all that belongs to it. Internal to the platform.
+/// What stands behind the handles of xml.h: one libxml2 document with all that belongs to it. Internal to the
+/// platform.
 ///
-/// How nodes stay alive: every handle counts on its node (in libxml2's `_private` field) and on the tree. A node that is
-/// taken out of the tree is "loose": it is freed as soon as no handle means it or one of its descendants, at the latest
-/// with the tree. An element's `ns` always points to a namespace that the tree owns, never to a declaration
+/// How nodes stay alive: every handle counts on its node (in libxml2's `_private` field) and on the tree. A
+/// node that is taken out of the tree is "loose": it is freed as soon as no handle means it or one of its
+/// descendants, at the latest with the tree. An element's `ns` always points to a namespace that the tree
+/// owns, never to a declaration
 /// (`nsDef`), so that declarations can come and go and nodes can move.
 
-#include <libxml/parser.h>
-#include <libxml/tree.h>
+#include "zelnor/platform/xml.h"
 
 #include <cstdint>
 #include <string_view>
@@ -17,7 +18,8 @@
 #include <utility>
 #include <vector>
 
-#include "zelnor/platform/xml.h"
+#include <libxml/parser.h>
+#include <libxml/tree.h>
 
 namespace zelnor {
 
@@ -108,7 +110,8 @@ struct XmlNode::Access {
   static XmlNode Handle(xmlNode* node, xmlNs* ns = nullptr) { return {node, ns}; }
 };
 
-/// Where a parse takes its bytes from: gives up to `size` bytes, 0 at the end, a negative number after an error.
+/// Where a parse takes its bytes from: gives up to `size` bytes, 0 at the end, a negative number after an
+/// error.
 using XmlReader = std::function<int(char* buffer, int size)>;
 
 /// What a parse is given.

@@ -1,12 +1,12 @@
 #include "zelnor/platform/xml.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "zelnor/platform/failure.h"
 
 #include <filesystem>
 #include <fstream>
 
-#include "zelnor/platform/failure.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
@@ -82,8 +82,14 @@ TEST(Xml, EscapesWhatMustBeEscaped) {
 TEST(Xml, TurnsLineEndsIntoLineFeedsAndForbiddenCharactersIntoReplacements) {
   XmlDocument doc;
   const XmlNode a = doc.AppendChild(doc.CreateElement("a"));
-  a.Text("1\r\n2\r3\x01" "4\xFF" "5\xED\xA0\x80");
-  EXPECT_EQ(a.Text(), "1\n2\n3\xEF\xBF\xBD" "4\xEF\xBF\xBD" "5\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
+  a.Text(
+      "1\r\n2\r3\x01"
+      "4\xFF"
+      "5\xED\xA0\x80");
+  EXPECT_EQ(a.Text(),
+            "1\n2\n3\xEF\xBF\xBD"
+            "4\xEF\xBF\xBD"
+            "5\xEF\xBF\xBD");
 }
 
 TEST(Xml, KeepsCDataSections) { EXPECT_EQ(RoundTrip("<a><![CDATA[<x>]]></a>"), "<a><![CDATA[<x>]]></a>"); }
@@ -100,7 +106,8 @@ TEST(Xml, DeclaresANamespaceWhereItComesIntoScopeAndNotTwice) {
 }
 
 TEST(Xml, ANodeOnItsOwnCarriesTheDeclarationsItNeeds) {
-  const XmlDocument doc = Parsed("<p:a xmlns:p=\"urn:p\" xmlns=\"urn:d\"><p:b><c x:k=\"1\" xmlns:x=\"urn:x\"/></p:b></p:a>");
+  const XmlDocument doc =
+      Parsed("<p:a xmlns:p=\"urn:p\" xmlns=\"urn:d\"><p:b><c x:k=\"1\" xmlns:x=\"urn:x\"/></p:b></p:a>");
   EXPECT_EQ(doc.DocumentElement().FirstChild().Xml(),
             "<p:b xmlns:p=\"urn:p\"><c xmlns:x=\"urn:x\" xmlns=\"urn:d\" x:k=\"1\"></c></p:b>");
 }
@@ -122,17 +129,20 @@ TEST(Xml, SettingXmlnsChangesTheDeclarationAndWhatChildrenInheritButNotTheElemen
 }
 
 TEST(Xml, NamesNodes) {
-  const XmlDocument doc = Parsed("<p:a xmlns:p=\"urn:p\" p:k=\"v\" l=\"w\">t<!--c--><![CDATA[d]]><?pi x?></p:a>");
+  const XmlDocument doc =
+      Parsed("<p:a xmlns:p=\"urn:p\" p:k=\"v\" l=\"w\">t<!--c--><![CDATA[d]]><?pi x?></p:a>");
   const XmlNode a = doc.DocumentElement();
   EXPECT_EQ(a.NodeName(), "p:a");
   EXPECT_EQ(a.BaseName(), "a");
   EXPECT_EQ(a.Prefix(), "p");
   EXPECT_EQ(a.NamespaceURI(), "urn:p");
   std::vector<String> names;
-  for (const XmlNode& child : a.ChildNodes()) names.push_back(child.NodeName() + "/" + String(child.BaseName()));
+  for (const XmlNode& child : a.ChildNodes())
+    names.push_back(child.NodeName() + "/" + String(child.BaseName()));
   EXPECT_THAT(names, testing::ElementsAre("#text/", "#comment/", "#cdata-section/", "pi/pi"));
   names.clear();
-  for (const XmlNode& attribute : a.Attributes()) names.push_back(attribute.NodeName() + "=" + attribute.Text());
+  for (const XmlNode& attribute : a.Attributes())
+    names.push_back(attribute.NodeName() + "=" + attribute.Text());
   EXPECT_THAT(names, testing::ElementsAre("xmlns:p=urn:p", "p:k=v", "l=w"));
   EXPECT_EQ(doc.Node().NodeName(), "#document");
   EXPECT_EQ(doc.Node().BaseName(), "");
@@ -281,9 +291,10 @@ TEST_P(XmlRefuses, WithCodeReasonAndPlace) {
 
 INSTANTIATE_TEST_SUITE_P(
     Xml, XmlRefuses,
-    testing::Values(Refused{"empty", "", 1}, Refused{"notXml", "payroll", 1}, Refused{"cutShort", "<a>\n<b>x</b>", 2},
-                    Refused{"mismatch", "<a>\n\n<b></a>", 3}, Refused{"unboundPrefix", "<p:a/>", 1},
-                    Refused{"twoRoots", "<a/><b/>", 1}, Refused{"badUtf8", "<a>\xC3\x28</a>", 1},
+    testing::Values(Refused{"empty", "", 1}, Refused{"notXml", "payroll", 1},
+                    Refused{"cutShort", "<a>\n<b>x</b>", 2}, Refused{"mismatch", "<a>\n\n<b></a>", 3},
+                    Refused{"unboundPrefix", "<p:a/>", 1}, Refused{"twoRoots", "<a/><b/>", 1},
+                    Refused{"badUtf8", "<a>\xC3\x28</a>", 1},
                     Refused{"controlCharacter", String("<a>\x01</a>"), 1},
                     Refused{"undefinedEntity", "<a>&nope;</a>", 1},
                     Refused{"externalEntity",
@@ -311,7 +322,8 @@ TEST(Xml, RefusesEntityExpansionWithoutBound) {
 }
 
 TEST(Xml, ExpandsAPlainInternalEntity) {
-  const XmlDocument doc = Parsed("<!DOCTYPE a [<!ENTITY e \"<b xmlns='u'>x</b>\">]><a xmlns=\"v\">&e;&e;</a>");
+  const XmlDocument doc =
+      Parsed("<!DOCTYPE a [<!ENTITY e \"<b xmlns='u'>x</b>\">]><a xmlns=\"v\">&e;&e;</a>");
   EXPECT_EQ(doc.DocumentElement().Xml(), "<a xmlns=\"v\"><b xmlns=\"u\">x</b><b xmlns=\"u\">x</b></a>");
 }
 
@@ -372,21 +384,25 @@ TEST(Xml, WritesWithoutASubtreeLeftOut) {
 }
 
 TEST(Xml, RewritesTextWithAndWithoutDeclaration) {
-  EXPECT_EQ(RewriteXml("<?xml version=\"1.0\" encoding=\"latin1\"?><a> <b/>\r\n</a>", true), "<a> <b></b>\n</a>");
-  EXPECT_EQ(RewriteXml("<a/>", false), "<?xml version=\"1.0\" encoding=\"utf-8\" standalone=\"no\"?>\n<a></a>");
+  EXPECT_EQ(RewriteXml("<?xml version=\"1.0\" encoding=\"latin1\"?><a> <b/>\r\n</a>", true),
+            "<a> <b></b>\n</a>");
+  EXPECT_EQ(RewriteXml("<a/>", false),
+            "<?xml version=\"1.0\" encoding=\"utf-8\" standalone=\"no\"?>\n<a></a>");
   EXPECT_EQ(ErrorNumber([] { RewriteXml("<a>", true); }), 440);
 }
 
 std::shared_ptr<XmlSchemaCollection> Schemas() {
   auto schemas = std::make_shared<XmlSchemaCollection>();
-  schemas->Add("urn:out", Parsed("<s:schema xmlns:s=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:out\" "
-                                 "xmlns:i=\"urn:in\" elementFormDefault=\"qualified\">"
-                                 "<s:import namespace=\"urn:in\" schemaLocation=\"http://127.0.0.1:1/never.xsd\"/>"
-                                 "<s:element name=\"out\"><s:complexType><s:sequence>"
-                                 "<s:element ref=\"i:in\" maxOccurs=\"9\"/></s:sequence></s:complexType></s:element>"
-                                 "</s:schema>"));
-  schemas->Add("urn:in", Parsed("<s:schema xmlns:s=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:in\">"
-                                "<s:element name=\"in\" type=\"s:int\"/></s:schema>"));
+  schemas->Add("urn:out",
+               Parsed("<s:schema xmlns:s=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:out\" "
+                      "xmlns:i=\"urn:in\" elementFormDefault=\"qualified\">"
+                      "<s:import namespace=\"urn:in\" schemaLocation=\"http://127.0.0.1:1/never.xsd\"/>"
+                      "<s:element name=\"out\"><s:complexType><s:sequence>"
+                      "<s:element ref=\"i:in\" maxOccurs=\"9\"/></s:sequence></s:complexType></s:element>"
+                      "</s:schema>"));
+  schemas->Add("urn:in",
+               Parsed("<s:schema xmlns:s=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:in\">"
+                      "<s:element name=\"in\" type=\"s:int\"/></s:schema>"));
   return schemas;
 }
 
@@ -401,8 +417,9 @@ TEST(XmlSchema, ValidatesThroughImportsFromTheCollection) {
 TEST(XmlSchema, ReportsTheFirstErrorWithItsPath) {
   const XmlDocument doc;
   doc.Schemas(Schemas());
-  ASSERT_TRUE(doc.LoadXML("<out xmlns=\"urn:out\"><in xmlns=\"urn:in\">7</in><in xmlns=\"urn:in\">x</in>"
-                          "<in xmlns=\"urn:in\">y</in></out>"));
+  ASSERT_TRUE(
+      doc.LoadXML("<out xmlns=\"urn:out\"><in xmlns=\"urn:in\">7</in><in xmlns=\"urn:in\">x</in>"
+                  "<in xmlns=\"urn:in\">y</in></out>"));
   EXPECT_FALSE(doc.Validate());
   const XmlParseError& error = doc.ParseError();
   EXPECT_NE(error.errorCode, 0);
@@ -415,8 +432,9 @@ TEST(XmlSchema, ReportsTheFirstErrorWithItsPath) {
 
 TEST(XmlSchema, AnUnusableSchemaFailsTheValidation) {
   auto schemas = std::make_shared<XmlSchemaCollection>();
-  schemas->Add("urn:x", Parsed("<s:schema xmlns:s=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:x\">"
-                               "<s:element name=\"a\" type=\"s:nonsense\"/></s:schema>"));
+  schemas->Add("urn:x",
+               Parsed("<s:schema xmlns:s=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:x\">"
+                      "<s:element name=\"a\" type=\"s:nonsense\"/></s:schema>"));
   const XmlDocument doc;
   doc.Schemas(schemas);
   ASSERT_TRUE(doc.LoadXML("<a xmlns=\"urn:x\"/>"));
