@@ -13,10 +13,18 @@
 
 #include "zelnor/platform/values.h"
 
+<<<<<<< HEAD
 #include <cstdint>
 #include <deque>
 #include <memory>
 #include <vector>
+=======
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <mutex>
+>>>>>>> wt-b
 
 namespace zelnor {
 
@@ -95,36 +103,64 @@ class ZELNOR_API Host {
 /// The host that needs no screen: it writes each message to standard error and keeps the last 100 of them,
 /// answers the Combine, Replace, Ignore dialog with "ignore" (5), so that nothing is lost, and any other
 /// dialog with its last button, takes the system's clock, and opens files with `xdg-open`. Derive from it to
+<<<<<<< HEAD
 /// replace single members.
+=======
+/// replace single members. Controllers on several threads may share it.
+>>>>>>> wt-b
 class ZELNOR_API DefaultHost : public Host {
  public:
+  /// How many messages are kept.
+  static constexpr std::size_t kKeptMessages = 100;
+
+  /// Writes the message as one line, "title: text", to standard error and keeps it. Returns the last button
+  /// of the style's button part (1, OK, for the styles of this system).
   Long MessageBox(const String& text, Long style, const String& title) override;
+
+  /// Writes and keeps the message as MessageBox does. The check box is never ticked.
   DialogAnswer ShowDialog(const DialogRequest& request) override;
+
+  /// Nothing: there is no message loop.
   void Yield() override;
+
+  /// The system's clock in its time zone, to the millisecond.
   Date Now() override;
+
+  /// Milliseconds of the system's steady clock.
   std::int64_t Tick() override;
+
+  /// Returns at once for 0 and for negative numbers.
   void Sleep(std::int64_t milliseconds) override;
+
+  /// The program is looked up in PATH, gets its own session and neither the standard streams nor any other
+  /// open file of this process. A network path is never opened.
   bool OpenFile(const String& program, const String& path) override;
+
+  /// Connected with the LAN bit when an interface other than loopback is up and running with an address (one
+  /// more than link-local in IPv6); the proxy bit when the environment's `http_proxy`, `https_proxy` or
+  /// `all_proxy`, in either case, is not empty; the configured bit always.
   ConnectionState Connection() override;
 
-  /// The last 100 messages, oldest first.
+  /// The last 100 messages, oldest first. To be read while no other thread shows one.
   const std::deque<ShownMessage>& Messages() const { return messages_; }
 
   /// Forgets the kept messages.
-  void ClearMessages() { messages_.clear(); }
+  void ClearMessages();
 
  protected:
   /// Keeps a message; an overriding MessageBox may call it.
   void Keep(const ShownMessage& message);
 
  private:
+  std::mutex keeping_;
   std::deque<ShownMessage> messages_;
 };
 
-/// The host of the process; a DefaultHost until another is set.
+/// The host of the process, never without an object; a DefaultHost until another is set.
 ZELNOR_API std::shared_ptr<Host> CurrentHost();
 
-/// Replaces the host. No object means the default one.
+/// Replaces the host; a call that still runs keeps the one before it alive. No object means a new default
+/// one.
 ZELNOR_API void SetHost(std::shared_ptr<Host> host);
 
 }  // namespace zelnor
