@@ -5,12 +5,6 @@
 /// they came with, and a path is converted to the system's own form only when a file is touched.
 ///
 /// All that is written here is for its owner alone: files 0600, folders 0700. A file is written whole to a
-<<<<<<< HEAD
-/// temporary name beside its target and renamed, so that a crash leaves the old file or the new one. A path
-/// that begins with two backslashes is a network path: error 76, and it is never touched.
-
-#include "zelnor/platform/values.h"
-=======
 /// temporary name beside its target, beginning with ".", and renamed, so that a crash of the program leaves
 /// the old file or the new one. A target that is a symbolic link stays one: what it points to is written. A
 /// path that begins with two backslashes is a network path: error 76, and it is never touched.
@@ -20,7 +14,6 @@
 ///   for (const std::string& piece : pieces) sink(piece);
 /// });
 /// @endcode
->>>>>>> wt-b
 
 #include "zelnor/platform/values.h"
 
@@ -54,13 +47,8 @@ ZELNOR_API bool IsProgramRelative(std::string_view path);
 /// A path of a setting: with a leading "\" relative to the program's folder, else as it stands.
 ZELNOR_API String ResolveProgramPath(std::string_view path);
 
-<<<<<<< HEAD
-/// A plain file of that name is there, and its name doesn't begin with ".". False for empty text and after
-/// any error.
-=======
 /// A plain file of that name, or a link to one, is there, and its name doesn't begin with ".". False for
 /// empty text, for a network path and after any error.
->>>>>>> wt-b
 ZELNOR_API bool PlainFileExists(std::string_view path);
 
 /// The folder is there, whatever its name begins with. An empty text or a lone separator counts as there.
@@ -75,12 +63,7 @@ ZELNOR_API void MakeFolder(std::string_view path);
 /// to read, 75 when it is no plain file or can't be read, 7 when it is larger than kMaxFileBytes.
 ZELNOR_API std::string ReadFile(std::string_view path);
 
-<<<<<<< HEAD
-/// Calls `write` with a sink for the bytes and puts the file in place when it returns; when it throws, the
-/// target stays as it was. Errors 61, 70, 75, 76.
-=======
 /// Takes the next bytes of a file that is being written.
->>>>>>> wt-b
 using ByteSink = std::function<void(std::string_view bytes)>;
 
 /// Calls `write` with a sink for the bytes and puts the file in place when it returns; when it throws, the
@@ -100,14 +83,6 @@ ZELNOR_API void CopyFile(std::string_view from, std::string_view to);
 /// the right to change its folder, 75 for a folder and for any other trouble.
 ZELNOR_API void DeleteFile(std::string_view path);
 
-<<<<<<< HEAD
-/// The file's modification time, local, with the file system's full resolution. Error 53 when it is not
-/// there.
-ZELNOR_API Date FileDate(std::string_view path);
-
-/// The names of the plain files in a folder that don't begin with ".", in no particular order. Error 76 when
-/// the folder is not there.
-=======
 /// The file's modification time, local, as finely as a Date can hold it (about a microsecond). Error 53 when
 /// it is not there, 70 without the right to look, 75 for other trouble.
 ZELNOR_API Date FileDate(std::string_view path);
@@ -115,31 +90,21 @@ ZELNOR_API Date FileDate(std::string_view path);
 /// The names of the plain files in a folder, links to such among them, that don't begin with ".", in no
 /// particular order. Error 76 when the folder is not there, 70 without the right to read it, 75 for other
 /// trouble.
->>>>>>> wt-b
 ZELNOR_API std::vector<String> FileNames(std::string_view folder);
 
 /// The program's folder, without a trailing separator: what SetProgramFolder gave; else the environment's
 /// `ZELNOR_HOME`; else the folder of the shared library if an `rti.config` or an `xsd` folder lies there;
 /// else
-<<<<<<< HEAD
-/// `$XDG_DATA_HOME/zelnor` (`~/.local/share/zelnor`).
-=======
 /// `$XDG_DATA_HOME/zelnor` (`~/.local/share/zelnor`). It need not be there.
->>>>>>> wt-b
 ZELNOR_API String ProgramFolder();
 
 /// Gives the library its program's folder. An empty text goes back to the rule of ProgramFolder.
 ZELNOR_API void SetProgramFolder(std::string_view path);
 
-<<<<<<< HEAD
-/// Fills the program's folder when it is missing or empty with the installed `xsd` folder and style sheet.
-/// Returns whether anything was copied. The classes themselves never call it.
-=======
 /// Fills the program's folder when it is missing or empty with the installed `xsd` folder and the style
 /// sheets beside it; where nothing is installed, with those of the source tree. Returns whether anything was
 /// copied, and False also where there is nothing to copy. After a failure what was copied is taken away
 /// again. Errors as MakeFolder and CopyFile. The classes themselves never call it.
->>>>>>> wt-b
 ZELNOR_API bool FurnishProgramFolder();
 
 }  // namespace zelnor

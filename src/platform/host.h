@@ -13,18 +13,11 @@
 
 #include "zelnor/platform/values.h"
 
-<<<<<<< HEAD
-#include <cstdint>
-#include <deque>
-#include <memory>
-#include <vector>
-=======
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <memory>
 #include <mutex>
->>>>>>> wt-b
 
 namespace zelnor {
 
@@ -103,11 +96,7 @@ class ZELNOR_API Host {
 /// The host that needs no screen: it writes each message to standard error and keeps the last 100 of them,
 /// answers the Combine, Replace, Ignore dialog with "ignore" (5), so that nothing is lost, and any other
 /// dialog with its last button, takes the system's clock, and opens files with `xdg-open`. Derive from it to
-<<<<<<< HEAD
-/// replace single members.
-=======
 /// replace single members. Controllers on several threads may share it.
->>>>>>> wt-b
 class ZELNOR_API DefaultHost : public Host {
  public:
   /// How many messages are kept.
