@@ -14,10 +14,10 @@
 /// }
 /// @endcode
 
+#include "zelnor/platform/values.h"
+
 #include <exception>
 #include <utility>
-
-#include "zelnor/platform/values.h"
 
 namespace zelnor {
 
@@ -44,17 +44,17 @@ class ZELNOR_API RuntimeError : public std::exception {
   String description_;
 };
 
-/// The platform's description of an error number; "Application-defined or object-defined error" for one it doesn't
-/// know.
+/// The platform's description of an error number; "Application-defined or object-defined error" for one it
+/// doesn't know.
 ZELNOR_API String DescriptionOf(Long number);
 
-[[noreturn]] ZELNOR_API void ThrowInvalidArgument();     ///< error 5
-[[noreturn]] ZELNOR_API void ThrowOverflow();            ///< error 6
-[[noreturn]] ZELNOR_API void ThrowOutOfSubscript();      ///< error 9
-[[noreturn]] ZELNOR_API void ThrowTypeMismatch();        ///< error 13
-[[noreturn]] ZELNOR_API void ThrowFileNotFound();        ///< error 53
-[[noreturn]] ZELNOR_API void ThrowObjectNotSet();        ///< error 91
-[[noreturn]] ZELNOR_API void ThrowDuplicateKey();        ///< error 457
+[[noreturn]] ZELNOR_API void ThrowInvalidArgument();  ///< error 5
+[[noreturn]] ZELNOR_API void ThrowOverflow();         ///< error 6
+[[noreturn]] ZELNOR_API void ThrowOutOfSubscript();   ///< error 9
+[[noreturn]] ZELNOR_API void ThrowTypeMismatch();     ///< error 13
+[[noreturn]] ZELNOR_API void ThrowFileNotFound();     ///< error 53
+[[noreturn]] ZELNOR_API void ThrowObjectNotSet();     ///< error 91
+[[noreturn]] ZELNOR_API void ThrowDuplicateKey();     ///< error 457
 
 /// Returns the object, or raises error 91 when there is none.
 template <class Pointer>
@@ -63,9 +63,9 @@ decltype(auto) Required(Pointer&& object) {
   return *std::forward<Pointer>(object);
 }
 
-/// The exception at hand as a RuntimeError: std::bad_alloc is 7, any other foreign exception 440 with its own text
-/// behind the description. Call it inside a catch block.
-ZELNOR_API RuntimeError CurrentError();
+/// The exception at hand as a RuntimeError: std::bad_alloc is 7, any other foreign exception 440 with its own
+/// text behind the description. Call it inside a catch block. Never raises an error itself.
+ZELNOR_API RuntimeError CurrentError() noexcept;
 
 /// The text of the standard handler: for an already formatted error its source, " : " and its description;
 /// otherwise "Error in ZELNOR.dll::", the class, ": ", the member (such as "Function ToXML"), ": Error ", the
@@ -76,7 +76,8 @@ ZELNOR_API String ErrorText(const RuntimeError& error, std::string_view class_na
 ZELNOR_API void ReportError(const RuntimeError& error, std::string_view class_name, std::string_view member,
                             std::string_view more = {}) noexcept;
 
-/// The standard handler: runs `body`; an exception is reported and ends here. Returns whether `body` ran to its end.
+/// The standard handler: runs `body`; an exception is reported and ends here. Returns whether `body` ran to
+/// its end.
 template <class Body>
 bool Handled(std::string_view class_name, std::string_view member, Body&& body) {
   try {
@@ -88,8 +89,8 @@ bool Handled(std::string_view class_name, std::string_view member, Body&& body) 
   }
 }
 
-/// Runs `body`; an error goes on to the caller with `source` in front of nothing else: unless its source already
-/// begins with "[", the source becomes "[" + component + "::" + class + "]: " + member.
+/// Runs `body`; an error goes on to the caller with `source` in front of nothing else: unless its source
+/// already begins with "[", the source becomes "[" + component + "::" + class + "]: " + member.
 ///
 /// @param bracketed the whole new source, such as "[ZELNOR.dll::clsEmployee]: Employment"
 template <class Body>
