@@ -22,12 +22,16 @@ Currency Currency::FromPence(std::int64_t pence) {
 }
 
 Currency& Currency::operator+=(Currency other) {
-  if (__builtin_add_overflow(units_, other.units_, &units_)) ThrowOverflow();
+  std::int64_t result = 0;
+  if (__builtin_add_overflow(units_, other.units_, &result)) ThrowOverflow();
+  units_ = result;
   return *this;
 }
 
 Currency& Currency::operator-=(Currency other) {
-  if (__builtin_sub_overflow(units_, other.units_, &units_)) ThrowOverflow();
+  std::int64_t result = 0;
+  if (__builtin_sub_overflow(units_, other.units_, &result)) ThrowOverflow();
+  units_ = result;
   return *this;
 }
 
