@@ -89,8 +89,9 @@ bool Handled(std::string_view class_name, std::string_view member, Body&& body) 
   }
 }
 
-/// Runs `body`; an error goes on to the caller with `source` in front of nothing else: unless its source
-/// already begins with "[", the source becomes "[" + component + "::" + class + "]: " + member.
+/// Runs `body`; an error goes on to the caller with its number and description. Its source stays where it
+/// begins with
+/// "[" already, and is replaced by `bracketed` otherwise.
 ///
 /// @param bracketed the whole new source, such as "[ZELNOR.dll::clsEmployee]: Employment"
 template <class Body>
