@@ -9,7 +9,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
+#include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace zelnor {
@@ -25,18 +28,14 @@ namespace zelnor {
 template <class T>
 class Collection {
  public:
-  /// Appends an item. A key that is already there raises error 457, and nothing is added.
+  /// Appends an item; an empty key means none. A key that is already there raises error 457, and nothing is
+  /// added.
   void Add(T item, std::string_view key = {}) {
-    String folded = LowerCase(key);
-    if (!folded.empty()) {
-      if (keys_.contains(folded)) ThrowDuplicateKey();
-      keys_.emplace(folded, items_.size());
+    if (key.empty() && tags_.empty()) {
+      items_.push_back(std::move(item));
+      return;
     }
-    items_.push_back(std::move(item));
-    if (!folded.empty() || !item_keys_.empty()) {
-      item_keys_.resize(items_.size());
-      item_keys_.back() = std::move(folded);
-    }
+    AddTagged(std::move(item), LowerCase(key));
   }
 
   /// The item at a position from 1. Any other position raises error 9.
@@ -50,7 +49,7 @@ class Collection {
   T& Item(const char* key) { return Item(std::string_view(key)); }
 
   /// Whether an item has this key.
-  bool Contains(std::string_view key) const { return keys_.contains(LowerCase(key)); }
+  bool Contains(std::string_view key) const { return stamps_.contains(LowerCase(key)); }
 
   /// Removes the item at a position (error 9 when there is none) or of a key (error 5).
   void Remove(Long position) { RemoveAt(Index(position)); }
@@ -70,24 +69,49 @@ class Collection {
   }
 
   std::size_t Index(std::string_view key) const {
-    const auto found = keys_.find(LowerCase(key));
-    if (found == keys_.end()) ThrowInvalidArgument();
-    return found->second;
+    const auto found = stamps_.find(LowerCase(key));
+    if (found == stamps_.end()) ThrowInvalidArgument();
+    const auto tag = std::lower_bound(tags_.begin(), tags_.end(), found->second,
+                                      [](const Tag& each, std::size_t stamp) { return each.stamp < stamp; });
+    return static_cast<std::size_t>(tag - tags_.begin());
+  }
+
+  /// Appends an item with its tag. Whatever fails on the way, the collection is as it was.
+  void AddTagged(T item, String folded) {
+    if (!folded.empty() && stamps_.contains(folded)) ThrowDuplicateKey();
+    items_.reserve(Grown(items_));
+    tags_.reserve(std::max(Grown(tags_), items_.size() + 1));
+    while (tags_.size() < items_.size()) tags_.push_back({String(), next_stamp_++});
+    if (!folded.empty()) stamps_.emplace(folded, next_stamp_);
+    tags_.push_back({std::move(folded), next_stamp_++});
+    items_.push_back(std::move(item));
+  }
+
+  /// A capacity that holds one more element, growing by half as vectors do.
+  template <class Elements>
+  static std::size_t Grown(const Elements& elements) {
+    const std::size_t needed = elements.size() + 1;
+    return needed <= elements.capacity() ? needed : std::max(needed, elements.capacity() * 3 / 2);
   }
 
   void RemoveAt(std::size_t index) {
     items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(index));
-    if (item_keys_.empty()) return;
-    keys_.erase(item_keys_[index]);
-    item_keys_.erase(item_keys_.begin() + static_cast<std::ptrdiff_t>(index));
-    for (auto& [key, position] : keys_) {
-      if (position > index) --position;
-    }
+    if (tags_.empty()) return;
+    stamps_.erase(tags_[index].key);
+    tags_.erase(tags_.begin() + static_cast<std::ptrdiff_t>(index));
   }
 
+  /// The key of an item, and a number that rises from item to item, so that a removal leaves the stamps of
+  /// the items behind it as they are.
+  struct Tag {
+    String key;
+    std::size_t stamp;
+  };
+
   std::vector<T> items_;
-  std::vector<String> item_keys_;  // empty until the first key comes
-  std::unordered_map<String, std::size_t> keys_;
+  std::vector<Tag> tags_;  // empty until the first key comes, from then on one for each item
+  std::unordered_map<String, std::size_t> stamps_;
+  std::size_t next_stamp_ = 0;
 };
 
 /// A collection of records, shared by reference.

@@ -4,6 +4,8 @@
 /// Events: raised on the caller's thread, one handler after the other, in the order in which they were
 /// connected.
 
+#include <utility>
+
 #include <sigc++/sigc++.h>
 
 namespace zelnor {
@@ -15,5 +17,23 @@ namespace zelnor {
 /// @endcode
 template <class... Args>
 using Event = sigc::signal<void(Args...)>;
+
+/// A handler's connection that ends with this object.
+class Subscription {
+ public:
+  Subscription() = default;
+  explicit Subscription(sigc::connection connection) : connection_(std::move(connection)) {}
+  Subscription(const Subscription&) = delete;
+  Subscription& operator=(const Subscription&) = delete;
+  Subscription(Subscription&& other) noexcept : connection_(std::exchange(other.connection_, {})) {}
+  Subscription& operator=(Subscription&& other) noexcept {
+    std::swap(connection_, other.connection_);
+    return *this;
+  }
+  ~Subscription() { connection_.disconnect(); }
+
+ private:
+  sigc::connection connection_;
+};
 
 }  // namespace zelnor

@@ -64,8 +64,8 @@ decltype(auto) Required(Pointer&& object) {
 }
 
 /// The exception at hand as a RuntimeError: std::bad_alloc is 7, any other foreign exception 440 with its own
-/// text behind the description. Call it inside a catch block.
-ZELNOR_API RuntimeError CurrentError();
+/// text behind the description. Call it inside a catch block. Never raises an error itself.
+ZELNOR_API RuntimeError CurrentError() noexcept;
 
 /// The text of the standard handler: for an already formatted error its source, " : " and its description;
 /// otherwise "Error in ZELNOR.dll::", the class, ": ", the member (such as "Function ToXML"), ": Error ", the
@@ -89,8 +89,9 @@ bool Handled(std::string_view class_name, std::string_view member, Body&& body) 
   }
 }
 
-/// Runs `body`; an error goes on to the caller with `source` in front of nothing else: unless its source
-/// already begins with "[", the source becomes "[" + component + "::" + class + "]: " + member.
+/// Runs `body`; an error goes on to the caller with its number and description. Its source stays where it
+/// begins with
+/// "[" already, and is replaced by `bracketed` otherwise.
 ///
 /// @param bracketed the whole new source, such as "[ZELNOR.dll::clsEmployee]: Employment"
 template <class Body>

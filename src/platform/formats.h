@@ -12,7 +12,8 @@ namespace zelnor {
 ZELNOR_API String FormatMoney(Currency value);
 
 /// A number by one of the patterns of zeros, "#", "," and ".": "#0.00", "#,##0", "0.00", "0", "00" and their
-/// like.
+/// like. Text in front of the pattern and behind it stands for itself. A floating number is rounded on its 15
+/// significant digits. Raises error 5 for a pattern without a place for a digit.
 ZELNOR_API String Format(Currency value, std::string_view pattern);
 ZELNOR_API String Format(double value, std::string_view pattern);
 ZELNOR_API String Format(std::int64_t value, std::string_view pattern);

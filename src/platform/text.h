@@ -26,7 +26,8 @@ ZELNOR_API String Right(std::string_view text, std::ptrdiff_t count);
 ZELNOR_API String Mid(std::string_view text, std::ptrdiff_t start);
 ZELNOR_API String Mid(std::string_view text, std::ptrdiff_t start, std::ptrdiff_t count);
 
-/// The position of `what` at or behind position `start`, 0 when absent. Binary comparison.
+/// The position of `what` at or behind position `start`, 0 when absent. Binary comparison. An empty `what` is
+/// found at `start`, unless that lies beyond the end. A start of 0 raises error 5.
 ZELNOR_API std::size_t Find(std::string_view text, std::string_view what, std::size_t start = 1);
 
 /// Every occurrence of `what` replaced by `with`, in one pass. An empty `what` changes nothing.
@@ -38,7 +39,7 @@ ZELNOR_API String Trim(std::string_view text);
 /// A view without the white space of XML (blank, tab, line feed, carriage return) at both ends.
 ZELNOR_API std::string_view TrimXmlSpace(std::string_view text);
 
-/// Unicode's simple case mappings, character by character.
+/// Unicode's simple case mappings, character by character. Bytes that are no UTF-8 stay as they are.
 ZELNOR_API String UpperCase(std::string_view text);
 ZELNOR_API String LowerCase(std::string_view text);
 

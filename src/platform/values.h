@@ -40,7 +40,8 @@ class ZELNOR_API Currency {
   constexpr Currency(int pounds)
       : units_(std::int64_t{pounds} * 10000) {}  // NOLINT(google-explicit-constructor)
 
-  /// Rounds halves to even at four decimals. Raises error 6 when out of range (about 922 million million).
+  /// Rounds halves to even at four decimals, on the shortest decimal text of the number. Raises error 6 when
+  /// out of range (about 922 million million).
   explicit Currency(double amount);
 
   /// @param units ten-thousandths of a pound
@@ -61,7 +62,7 @@ class ZELNOR_API Currency {
 
   constexpr bool IsZero() const { return units_ == 0; }
 
-  /// Addition and subtraction raise error 6 when the result is out of range.
+  /// Addition and subtraction raise error 6 when the result is out of range, and change nothing then.
   Currency& operator+=(Currency other);
   Currency& operator-=(Currency other);
   Currency operator-() const;
@@ -90,7 +91,8 @@ class ZELNOR_API Date {
   /// 9999.
   static Date FromParts(int year, int month, int day);
 
-  /// The time of day alone, with overflow carried on: 25 hours is one day and one hour.
+  /// The time of day alone, with overflow carried on: 25 hours is one day and one hour. Raises error 5 where
+  /// the result lies outside the years 100 to 9999.
   static Date FromTime(int hour, int minute, int second);
 
   /// The floating count.
@@ -118,10 +120,11 @@ class ZELNOR_API Date {
   /// This day with the time of day of another date.
   Date WithTimeOf(Date time) const;
 
-  /// Adds days; may be negative.
+  /// Adds days; may be negative. Raises error 5 where the result lies outside the years 100 to 9999.
   Date AddDays(int days) const;
 
-  /// Adds months; the day is kept and clamped to the month's last day.
+  /// Adds months; may be negative; the day is kept and clamped to the month's last day. Raises error 5 where
+  /// the result lies outside the years 100 to 9999.
   Date AddMonths(int months) const;
 
   friend constexpr auto operator<=>(Date, Date) = default;

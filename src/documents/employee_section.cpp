@@ -1,0 +1,101 @@
+#include "zelnor/documents/employee_section.h"
+
+#include "zelnor/common/modPublicEnums.h"
+#include "zelnor/documents/clsEmployee.h"
+#include "zelnor/documents/clsEmployerReferences.h"
+
+namespace zelnor {
+namespace {
+
+constexpr const char* kNoCompression = "Error: compressed employees are not supported by this version.";
+
+}  // namespace
+
+EmployeeSection::EmployeeSection()
+    : employer_references_(std::make_shared<clsEmployerReferences>()), employees_(MakeCollection<clsEmployee>()) {}
+
+EmployeeSection::~EmployeeSection() = default;
+
+bool EmployeeSection::Validated() const {
+  return validated_ && AbsentOrValidated(employer_references_) && AbsentOrValidated(employees_);
+}
+
+Ref<clsEmployerReferences> EmployeeSection::Employer_References() { return MadeWhenAbsent(employer_references_); }
+void EmployeeSection::Employer_References(Ref<clsEmployerReferences> value) {
+  ClearValidated(value);
+  employer_references_ = std::move(value);
+}
+
+CollectionRef<clsEmployee> EmployeeSection::Employees() {
+  if (!employees_) employees_ = MakeCollection<clsEmployee>();
+  return employees_;
+}
+
+Long EmployeeSection::EmployeeCount() const { return employees_ ? employees_->Count() : 0; }
+
+void EmployeeSection::Append(const Ref<clsEmployee>& objEmployee) {
+  Required(objEmployee).Validated(false);
+  Employees()->Add(objEmployee);
+}
+
+void EmployeeSection::AddEmployeeRange(CollectionRef<clsEmployee> colEmployee) {
+  Handled(ClassName(), "Sub AddEmployeeRange", [&] {
+    // Counted first: the range may be the section's own collection.
+    const Long count = Required(colEmployee).Count();
+    for (Long i = 1; i <= count; ++i) Append(Ref<clsEmployee>(colEmployee->Item(i)));
+  });
+}
+
+bool EmployeeSection::UseValidation() const { return use_validation_; }
+void EmployeeSection::UseValidation(bool value) { use_validation_ = value; }
+
+bool EmployeeSection::UseCompression() const { return use_compression_; }
+void EmployeeSection::UseCompression(bool value) { use_compression_ = value; }
+
+bool EmployeeSection::OverrideCompression() const { return override_compression_; }
+void EmployeeSection::OverrideCompression(bool value) { override_compression_ = value; }
+
+Long EmployeeSection::AutoCompressionLimit() const { return auto_compression_limit_; }
+void EmployeeSection::AutoCompressionLimit(Long value) { auto_compression_limit_ = value; }
+
+Ref<clsCompressedEmployees> EmployeeSection::CompressedPart() const { return compressed_part_; }
+
+void EmployeeSection::ClearEmployees() {
+  employer_references_ = std::make_shared<clsEmployerReferences>();
+  employees_ = MakeCollection<clsEmployee>();
+  compressed_part_ = nullptr;
+}
+
+bool EmployeeSection::ReadCommonChild(const XmlNode& child) {
+  const std::string_view name = child.BaseName();
+  if (name == "Employee") {
+    use_compression_ = false;
+    employees_->Add(NewFromXML<clsEmployee>(child));
+  } else if (name == "EmpRefs") {
+    employer_references_->CreateFromXML(child);
+  } else if (name == "CompressedPart") {
+    ReadCompressedPart(child);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// Refused rather than read as no employees at all.
+void EmployeeSection::ReadCompressedPart(const XmlNode& /*xmlNode*/) {
+  throw RuntimeError(440, "ZELNOR", kNoCompression);
+}
+
+void EmployeeSection::WriteReferences(const XmlNode& xmlSection) {
+  Required(employer_references_).ToXML(xmlSection);
+}
+
+void EmployeeSection::WriteEmployees(const XmlNode& xmlSection) {
+  const bool plain = (!use_compression_ && EmployeeCount() < auto_compression_limit_) || override_compression_;
+  if (!plain) events.CompressionError(kNoCompression);
+  RemoveChildNodes(xmlSection, "Employee");
+  if (!employees_) return;
+  for (const Ref<clsEmployee>& employee : *employees_) employee->ToXML(xmlSection);
+}
+
+}  // namespace zelnor

@@ -1,0 +1,67 @@
+#include "zelnor/envelope/clsSHA256.h"
+
+#include <bit>
+
+#include "zelnor/envelope/word_blocks.h"
+#include "zelnor/platform/failure.h"
+
+namespace zelnor {
+namespace {
+
+using Word = std::uint32_t;
+using State = std::array<Word, 8>;
+
+// FIPS 180-4, 4.2.2: the fractional parts of the cube roots of the first 64 primes.
+constexpr std::array<Word, 64> kRounds = {
+    0x428a2f98, 0x71374491, 0xb5c0fbcf, 0xe9b5dba5, 0x3956c25b, 0x59f111f1, 0x923f82a4, 0xab1c5ed5,
+    0xd807aa98, 0x12835b01, 0x243185be, 0x550c7dc3, 0x72be5d74, 0x80deb1fe, 0x9bdc06a7, 0xc19bf174,
+    0xe49b69c1, 0xefbe4786, 0x0fc19dc6, 0x240ca1cc, 0x2de92c6f, 0x4a7484aa, 0x5cb0a9dc, 0x76f988da,
+    0x983e5152, 0xa831c66d, 0xb00327c8, 0xbf597fc7, 0xc6e00bf3, 0xd5a79147, 0x06ca6351, 0x14292967,
+    0x27b70a85, 0x2e1b2138, 0x4d2c6dfc, 0x53380d13, 0x650a7354, 0x766a0abb, 0x81c2c92e, 0x92722c85,
+    0xa2bfe8a1, 0xa81a664b, 0xc24b8b70, 0xc76c51a3, 0xd192e819, 0xd6990624, 0xf40e3585, 0x106aa070,
+    0x19a4c116, 0x1e376c08, 0x2748774c, 0x34b0bcb5, 0x391c0cb3, 0x4ed8aa4a, 0x5b9cca4f, 0x682e6ff3,
+    0x748f82ee, 0x78a5636f, 0x84c87814, 0x8cc70208, 0x90befffa, 0xa4506ceb, 0xbef9a3f7, 0xc67178f2};
+
+Word Ch(Word x, Word y, Word z) { return (x & y) ^ (~x & z); }
+Word Maj(Word x, Word y, Word z) { return (x & y) ^ (x & z) ^ (y & z); }
+Word Sigma0(Word x) { return std::rotr(x, 2) ^ std::rotr(x, 13) ^ std::rotr(x, 22); }
+Word Sigma1(Word x) { return std::rotr(x, 6) ^ std::rotr(x, 11) ^ std::rotr(x, 25); }
+Word SmallSigma0(Word x) { return std::rotr(x, 7) ^ std::rotr(x, 18) ^ (x >> 3); }
+Word SmallSigma1(Word x) { return std::rotr(x, 17) ^ std::rotr(x, 19) ^ (x >> 10); }
+
+void Compress(State& state, const WordBlock& block) {
+  std::array<Word, 64> w;
+  for (std::size_t t = 0; t < 16; ++t) w[t] = block[t];
+  for (std::size_t t = 16; t < 64; ++t) w[t] = SmallSigma1(w[t - 2]) + w[t - 7] + SmallSigma0(w[t - 15]) + w[t - 16];
+  auto [a, b, c, d, e, f, g, h] = state;
+  for (std::size_t t = 0; t < 64; ++t) {
+    const Word t1 = h + Sigma1(e) + Ch(e, f, g) + kRounds[t] + w[t];
+    const Word t2 = Sigma0(a) + Maj(a, b, c);
+    h = g;
+    g = f;
+    f = e;
+    e = d + t1;
+    d = c;
+    c = b;
+    b = a;
+    a = t1 + t2;
+  }
+  const State added = {a, b, c, d, e, f, g, h};
+  for (std::size_t i = 0; i < state.size(); ++i) state[i] += added[i];
+}
+
+}  // namespace
+
+String clsSHA256::Encrypt(const String& strMessage) {
+  String result;
+  Handled("clsSHA256", "Function Encrypt", [&] {
+    State state = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a, 0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
+    WordBlocks blocks([&](const WordBlock& block) { Compress(state, block); });
+    blocks.Add(strMessage);
+    blocks.Finish();
+    result = HexadecimalText(state);
+  });
+  return result;
+}
+
+}  // namespace zelnor
