@@ -44,11 +44,16 @@ bool IsPaid(const Paid& each) {
 
 bool IsPaidOrTaxed(const Paid& each) { return IsPaid(each) || !each.payment.TaxDeductedOrRefunded().IsZero(); }
 
-void AddNI(clsEmployment& employment, Currency& employers, Currency& employees) {
-  ForEachNIRow(employment, [&](const clsNILettersAndValues& row) {
-    employers += row.TotalEmpNIC();
-    employees += row.EmpeeContribns();
-  });
+Currency EmployersNI(const Paid& each) {
+  Currency sum;
+  ForEachNIRow(each.employment, [&](const clsNILettersAndValues& row) { sum += row.TotalEmpNIC(); });
+  return sum;
+}
+
+Currency EmployeesNI(const Paid& each) {
+  Currency sum;
+  ForEachNIRow(each.employment, [&](const clsNILettersAndValues& row) { sum += row.EmpeeContribns(); });
+  return sum;
 }
 
 void CountByStatus(eEMPLOYEE_STATUS status, Long& fresh, Long& current, Long& leaver) {
@@ -105,7 +110,8 @@ std::vector<PeriodValues> PaidSection::IncludedPeriodsAndValues() {
       PeriodValues& values = result[place->second];
       ++values.TotalEmployeesPaid;
       values.TotalTaxPaid += each.payment.TaxDeductedOrRefunded();
-      AddNI(each.employment, values.TotalEmployersNI, values.TotalEmployeesNI);
+      values.TotalEmployersNI += EmployersNI(each);
+      values.TotalEmployeesNI += EmployeesNI(each);
       values.TotalStudentLoansPaid += each.payment.StudentLoanRecovered();
       values.TotalPostgradLoansPaid += each.payment.PostgradLoanRecovered();
     });
@@ -118,57 +124,43 @@ void PaidSection::GetTotals(Long& lngTotalEmployeesPaid, Currency& curTotalTaxPa
                             Currency& curTotalPostgradLoansPaid) {
   Handled(ClassName(), "Sub GetTotals", [&] {
     curTotalTaxPaid = curTotalEmployersNI = curTotalEmployeesNI = curTotalStudentLoansPaid = {};
-    ForEachPayment(Employees(), [&](const Paid& each) {
-      if (!MatchesIdentifiers(each.payment.AppPeriodNo())) return;
-      if (IsPaidOrTaxed(each)) ++lngTotalEmployeesPaid;
-      curTotalTaxPaid += each.payment.TaxDeductedOrRefunded();
-      curTotalStudentLoansPaid += each.payment.StudentLoanRecovered();
-      curTotalPostgradLoansPaid += each.payment.PostgradLoanRecovered();
-      AddNI(each.employment, curTotalEmployersNI, curTotalEmployeesNI);
-    });
-  });
-}
-
-void PaidSection::AddTotalsOfPeriod(Long period_no, Totals& totals) {
-  ForEachPayment(Employees(), [&](const Paid& each) {
-    if (each.payment.AppPeriodNo() != period_no) return;
-    if (IsPaidOrTaxed(each)) ++totals.paid;
-    totals.tax += each.payment.TaxDeductedOrRefunded();
-    totals.student_loan += each.payment.StudentLoanRecovered();
-    totals.postgrad_loan += each.payment.PostgradLoanRecovered();
-    AddNI(each.employment, totals.employers_ni, totals.employees_ni);
+    AddTotals([this](Long number) { return MatchesIdentifiers(number); },
+              {lngTotalEmployeesPaid, curTotalTaxPaid, curTotalEmployersNI, curTotalEmployeesNI,
+               curTotalStudentLoansPaid, curTotalPostgradLoansPaid});
   });
 }
 
 void PaidSection::GetCounts(Long& lngTotalEmployees, Long& lngNewEmployees, Long& lngCurrentEmployees,
                             Long& lngLeaverEmployees, Long& lngPaidCount, Long& lngUnpaidCount) {
   Handled(ClassName(), "Sub GetCounts", [&] {
-    for (const Ref<clsEmployee>& employee : *Employees()) {
-      ++lngTotalEmployees;
-      ForEachPayment(Required(employee), [&](const Paid& each) {
-        if (!IsPaid(each)) {
-          ++lngUnpaidCount;
-          return;
-        }
-        ++lngPaidCount;
-        CountByStatus(each.employment.EmploymentStatus(), lngNewEmployees, lngCurrentEmployees, lngLeaverEmployees);
-      });
-    }
+    AddCounts([](Long) { return true; }, {lngTotalEmployees, lngNewEmployees, lngCurrentEmployees, lngLeaverEmployees,
+                                          lngPaidCount, lngUnpaidCount});
   });
 }
 
-void PaidSection::AddCountsOfPeriod(Long period_no, Long& total, Long& fresh, Long& current, Long& leaver, Long& paid,
-                                    Long& unpaid) {
+void PaidSection::AddTotals(const PeriodTest& takes, const TotalsInto& into) {
+  ForEachPayment(Employees(), [&](const Paid& each) {
+    if (!takes(each.payment.AppPeriodNo())) return;
+    if (IsPaidOrTaxed(each)) ++into.paid;
+    into.tax += each.payment.TaxDeductedOrRefunded();
+    into.student_loan += each.payment.StudentLoanRecovered();
+    into.postgrad_loan += each.payment.PostgradLoanRecovered();
+    into.employers_ni += EmployersNI(each);
+    into.employees_ni += EmployeesNI(each);
+  });
+}
+
+void PaidSection::AddCounts(const PeriodTest& takes, const CountsInto& into) {
   for (const Ref<clsEmployee>& employee : *Employees()) {
-    ++total;
+    ++into.employees;
     ForEachPayment(Required(employee), [&](const Paid& each) {
-      if (each.payment.AppPeriodNo() != period_no) return;
+      if (!takes(each.payment.AppPeriodNo())) return;
       if (!IsPaid(each)) {
-        ++unpaid;
+        ++into.unpaid;
         return;
       }
-      ++paid;
-      CountByStatus(each.employment.EmploymentStatus(), fresh, current, leaver);
+      ++into.paid;
+      CountByStatus(each.employment.EmploymentStatus(), into.fresh, into.current, into.leavers);
     });
   }
 }
@@ -191,18 +183,16 @@ Currency PaidSection::TotalTaxPaid() {
 
 Currency PaidSection::TotalEmployersNI() {
   Currency result;
-  Currency ignored;
   Handled(ClassName(), "Get TotalEmployersNI", [&] {
-    ForEachPayment(Employees(), [&](const Paid& each) { AddNI(each.employment, result, ignored); });
+    ForEachPayment(Employees(), [&](const Paid& each) { result += EmployersNI(each); });
   });
   return result;
 }
 
 Currency PaidSection::TotalEmployeesNI() {
   Currency result;
-  Currency ignored;
   Handled(ClassName(), "Get TotalEmployeesNI", [&] {
-    ForEachPayment(Employees(), [&](const Paid& each) { AddNI(each.employment, ignored, result); });
+    ForEachPayment(Employees(), [&](const Paid& each) { result += EmployeesNI(each); });
   });
   return result;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "zelnor/common/enumerations.h"
@@ -56,21 +57,34 @@ class ZELNOR_API PaidSection : public EmployeeSection {
   ///@}
 
  protected:
-  /// The totals of one walk.
-  struct Totals {
-    Long paid = 0;
-    Currency tax;
-    Currency employers_ni;
-    Currency employees_ni;
-    Currency student_loan;
-    Currency postgrad_loan;
+  /// Which payments a walk takes, by their `AppPeriodNo`.
+  using PeriodTest = std::function<bool(Long app_period_no)>;
+
+  /// Where a walk adds its totals.
+  struct TotalsInto {
+    Long& paid;
+    Currency& tax;
+    Currency& employers_ni;
+    Currency& employees_ni;
+    Currency& student_loan;
+    Currency& postgrad_loan;
   };
+
+  /// Where a walk adds its counts.
+  struct CountsInto {
+    Long& employees;
+    Long& fresh;
+    Long& current;
+    Long& leavers;
+    Long& paid;
+    Long& unpaid;
+  };
+
+  void AddTotals(const PeriodTest& takes, const TotalsInto& into);
+  void AddCounts(const PeriodTest& takes, const CountsInto& into);
 
   /// Whether GetTotals takes a payment with this number.
   virtual bool MatchesIdentifiers(Long app_period_no) const;
-
-  void AddTotalsOfPeriod(Long period_no, Totals& totals);
-  void AddCountsOfPeriod(Long period_no, Long& total, Long& fresh, Long& current, Long& leaver, Long& paid, Long& unpaid);
 
   String tax_year_;
 
