@@ -57,8 +57,7 @@ bool clsGovTalkMessage::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
   Handled(kClass, "Function CreateFromXML", [&] {
     envelope_version_.clear();
-    submission_ = nullptr;
-    submission_events_ = {};
+    Hold(nullptr);
     sender_details_ = nullptr;
     message_details_ = std::make_shared<clsGTMMessageDetails>();
     if (xmlNode.NodeName() != RootElementName()) return;
@@ -74,7 +73,7 @@ bool clsGovTalkMessage::CreateFromXML(const XmlNode& xmlNode) {
       } else if (name == "GovTalkDetails") {
         govtalk_details_ = NewFromXML<clsGTMGovTalkDetails>(child);
       } else if (name == "Body") {
-        submission_ = nullptr;
+        Hold(nullptr);
         SubmissionDocument()->CreateFromXML(child.FirstChild());
       }
     }
@@ -146,22 +145,24 @@ void clsGovTalkMessage::GTMGovTalkDetails(Ref<clsGTMGovTalkDetails> value) {
 }
 
 Ref<clsSubmission> clsGovTalkMessage::SubmissionDocument() {
-  if (!submission_) {
-    submission_ = std::make_shared<clsSubmission>();
-    submission_events_ = Subscription(submission_->events.CompressionError.connect(
-        [this](const String& text) { events.CompressionError(text); }));
-  }
+  if (!submission_) Hold(std::make_shared<clsSubmission>());
   return submission_;
 }
 
 void clsGovTalkMessage::SubmissionDocument(Ref<clsSubmission> value) {
-  submission_ = std::move(value);
+  Hold(std::move(value));
+  if (!submission_) return;
+  submission_->Validated(false);
+  if (message_details_) message_details_->Class(submission_->Class());
+}
+
+// Stores the document and listens to it.
+void clsGovTalkMessage::Hold(Ref<clsSubmission> submission) {
   submission_events_ = {};
+  submission_ = std::move(submission);
   if (!submission_) return;
   submission_events_ = Subscription(submission_->events.CompressionError.connect(
       [this](const String& text) { events.CompressionError(text); }));
-  submission_->Validated(false);
-  if (message_details_) message_details_->Class(submission_->Class());
 }
 
 String clsGovTalkMessage::XML() {

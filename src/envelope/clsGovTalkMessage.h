@@ -110,6 +110,7 @@ class ZELNOR_API clsGovTalkMessage {
   void ForceRebuild();
 
  private:
+  void Hold(Ref<clsSubmission> submission);
   XmlNode ToXML(const XmlNode& xmlParent);
   XmlNode GovTalkMessage();
   XmlNode ChildOnce(XmlNode& cached, const char* name);
