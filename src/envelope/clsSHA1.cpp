@@ -217,6 +217,8 @@ String clsSHA1::DigestToBase64(const String& strDigest) {
   return text;
 }
 
+String clsSHA1::Base32Of(const String& strBase64Mark) { return Base64ToBase32(strBase64Mark, kDigestBits); }
+
 String clsSHA1::Base64ToBase32(const String& strBase64, Long lngBits) {
   return Convert_b2_2_b32(Convert_b64_2_b2(strBase64, lngBits));
 }

@@ -41,6 +41,9 @@ class ZELNOR_API clsSHA1 {
   /// document and stores them, without a copy.
   ZELNOR_INTERNAL void MarkSubmission(clsGovTalkMessage& objsubmission);
 
+  /// The Base32 form of a mark in Base64; empty for empty text.
+  ZELNOR_INTERNAL static String Base32Of(const String& strBase64Mark);
+
  private:
   friend struct clsSHA1Peer;
 
