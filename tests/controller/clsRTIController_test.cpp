@@ -1,4 +1,3 @@
-#include "controller/controller_fixture.h"
 #include "zelnor/documents/clsSectionEPS.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/envelope/clsGTMChannelRouting.h"
@@ -6,6 +5,8 @@
 #include "zelnor/envelope/clsGTMMessageDetails.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/validation/error_record.h"
+
+#include "controller/controller_fixture.h"
 
 namespace zelnor::test {
 namespace {
@@ -89,8 +90,8 @@ TEST_F(ControllerTest, EachSwitchWritesItsSetting) {
   rti.DoPaymentValidation(false);
   rti.DoSchemaValidation(false);
   rti.DoInternetConnectionTest(false);
-  for (const char* key :
-       {"ValidateEnvelope", "ValidateCompany", "ValidatePayment", "ValidateSchema", "DoInternetConnectionTest"}) {
+  for (const char* key : {"ValidateEnvelope", "ValidateCompany", "ValidatePayment", "ValidateSchema",
+                          "DoInternetConnectionTest"}) {
     EXPECT_EQ(Setting(key), "False") << key;
   }
 }
@@ -108,8 +109,8 @@ TEST_F(ControllerTest, SwitchingValidationOnSwitchesTheStagesOn) {
 }
 
 TEST_F(ControllerTest, SystemDebugIsOnForThreeTextsAlone) {
-  const std::pair<const char*, Long> cases[] = {{"1", 1},    {"On", 1},   {"True", 1}, {"on", 0},
-                                                {"true", 0}, {"yes", 0},  {"2", 0},    {"", 0}};
+  const std::pair<const char*, Long> cases[] = {{"1", 1},    {"On", 1},  {"True", 1}, {"on", 0},
+                                                {"true", 0}, {"yes", 0}, {"2", 0},    {"", 0}};
   for (const auto& [text, level] : cases) {
     Set("SystemDebug", text);
     Process().RememberedIssueResponse = 8;
@@ -218,7 +219,8 @@ TEST_F(ControllerTest, AMissingDocumentIsReported) {
   rti.ReadXMLDoc(nullptr);
   ASSERT_EQ(host_->messages.size(), 1U);
   EXPECT_EQ(host_->messages[0].text,
-            "Error in ZELNOR.dll::clsRTIController: Sub ReadXMLDoc: Error 91 - Object variable or With block variable "
+            "Error in ZELNOR.dll::clsRTIController: Sub ReadXMLDoc: Error 91 - Object variable or With block "
+            "variable "
             "not set");
   EXPECT_EQ(host_->messages[0].title, "ZELNOR");
 }
@@ -305,10 +307,11 @@ TEST_F(ControllerTest, OneWarningAndNoNamespaceWithoutSchemas) {
   rti.GovTalkMessage()->ForceRebuild();
   rti.GovTalkMessage()->ForceRebuild();
   ASSERT_EQ(host_->messages.size(), 1U);
-  EXPECT_EQ(host_->messages[0].text,
-            "Could not locate schema to retrieve Namespaces from!\r\n\r\n"
-            "Any submissions may not pass at the Government Gateway without the required namespaces.\r\n\r\n" +
-                folder_.Path() + "\\xsd\\envelope-v2-0-HMRC.xsd");
+  EXPECT_EQ(
+      host_->messages[0].text,
+      "Could not locate schema to retrieve Namespaces from!\r\n\r\n"
+      "Any submissions may not pass at the Government Gateway without the required namespaces.\r\n\r\n" +
+          folder_.Path() + "\\xsd\\envelope-v2-0-HMRC.xsd");
   EXPECT_EQ(host_->messages[0].style, kExclamationIcon);
   EXPECT_EQ(host_->messages[0].title, "HMRC Online Services");
   EXPECT_EQ(rti.GovTalkMessage()->XML().find("xmlns"), String::npos);

@@ -1,10 +1,5 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "support/recording_host.h"
-#include "temporary_folder.h"
 #include "zelnor/common/alsAppSettings.h"
 #include "zelnor/common/clsLog.h"
 #include "zelnor/common/process_state.h"
@@ -12,10 +7,15 @@
 #include "zelnor/documents/clsSubmission.h"
 #include "zelnor/platform/files.h"
 
+#include "support/recording_host.h"
+#include "temporary_folder.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 namespace zelnor::test {
 
-/// A program's folder of its own with the project's schemas, a recording host whose clock stands at 10:11:12 on 5 April 2017, and
-/// the process's values as at the start.
+/// A program's folder of its own with the project's schemas, a recording host whose clock stands at 10:11:12
+/// on 5 April 2017, and the process's values as at the start.
 class ControllerTest : public testing::Test {
  protected:
   ControllerTest() {

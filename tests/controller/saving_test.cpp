@@ -1,9 +1,10 @@
-#include "controller/controller_fixture.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/envelope/clsIRMark.h"
 #include "zelnor/envelope/clsSHA1.h"
+
+#include "controller/controller_fixture.h"
 
 namespace zelnor::test {
 namespace {
@@ -54,8 +55,8 @@ TEST_F(SavingTest, LogsWhatItDid) {
   EXPECT_THAT(Lines(rti_),
               ElementsAre("RTI Controller initialised at 05/04/2017 10:11:12",
                           "Validation is disabled. Commencing build...",
-                          "Submission generation completed in 0 milliseconds", "Submission saved to file " + path,
-                          "Submission save completed in 0 milliseconds",
+                          "Submission generation completed in 0 milliseconds",
+                          "Submission saved to file " + path, "Submission save completed in 0 milliseconds",
                           "Total process completed in 0 milliseconds"));
   const XmlNode submission = rti_.ProcessingLog()->Submission();
   EXPECT_EQ(submission.FirstChild().Xml(), Saved().DocumentElement().Xml());
@@ -115,7 +116,8 @@ TEST_F(SavingTest, AFailureIsReportedLoggedAndGivesUnknownError) {
   ASSERT_FALSE(host_->messages.empty());
   EXPECT_THAT(host_->messages.back().text,
               testing::StartsWith("Error in ZELNOR.dll::clsRTIController: Function SaveSubmission: Error "));
-  EXPECT_THAT(Lines(rti_).back(), testing::StartsWith("An error occurred while attempting to save the submission: "));
+  EXPECT_THAT(Lines(rti_).back(),
+              testing::StartsWith("An error occurred while attempting to save the submission: "));
   EXPECT_EQ(folder_.Get("file"), "x");
 }
 

@@ -1,5 +1,6 @@
-#include "controller/controller_fixture.h"
 #include "zelnor/documents/clsSectionFPS.h"
+
+#include "controller/controller_fixture.h"
 
 namespace zelnor::test {
 namespace {
@@ -44,27 +45,29 @@ TEST_F(ValidationTest, RunsTheStagesInOrderAndTimesThem) {
   rti.ReadXML(Sample());
   const Run run = Validate(rti);
   EXPECT_TRUE(run.result);
-  EXPECT_THAT(Details(run),
-              ElementsAre(std::pair("Commencing Validation...", 0), std::pair("Validating Envelope...", 1),
-                          std::pair("Envelope Validation Completed", 10), std::pair("Validating Company...", 11),
-                          std::pair("Company Validation completed", 20), std::pair("Validating Employees...", 21),
-                          std::pair("Employee Validation Completed", 75), std::pair("Validating Schema...", 90),
-                          std::pair("Schema Validation Completed", 99), std::pair("Validation successful", 100)));
+  EXPECT_THAT(
+      Details(run),
+      ElementsAre(std::pair("Commencing Validation...", 0), std::pair("Validating Envelope...", 1),
+                  std::pair("Envelope Validation Completed", 10), std::pair("Validating Company...", 11),
+                  std::pair("Company Validation completed", 20), std::pair("Validating Employees...", 21),
+                  std::pair("Employee Validation Completed", 75), std::pair("Validating Schema...", 90),
+                  std::pair("Schema Validation Completed", 99), std::pair("Validation successful", 100)));
   EXPECT_EQ(run.status.front().stage, "Validating data for Full Payment Submission, please wait");
   const String count = ToText(rti.Submission()->FPS()->EmployeeCount());
-  EXPECT_THAT(run.lines,
-              ElementsAre("Beginning validation...", "Validation commenced at 05/04/2017 10:11:12.",
-                          "Commencing File Validation", "File Validation successful.",
-                          "File Validation completed in 0 milliseconds",
-                          "Envelope Validation completed in 0 milliseconds.", "Commencing Company Validation",
-                          "Company Validation successful.", "Company Validation completed in 0 milliseconds",
-                          "Company Validation completed in 0 milliseconds.", "Commencing Employee Validation",
-                          "Employee Validation successful.", "Employee Validation completed in 0 milliseconds",
-                          "Average Validation processing time per Employee: 0 milliseconds",
-                          "Employees: Checked: " + count + "; Valid: " + count + "; Invalid: 0",
-                          "Employee Validation completed in 0 milliseconds.", "Schema validation passed successfully.",
-                          "Schema Validation completed in 0 milliseconds.", "Total time to validate: 0 milliseconds.",
-                          "Validation completed at 05/04/2017 10:11:12."));
+  EXPECT_THAT(
+      run.lines,
+      ElementsAre("Beginning validation...", "Validation commenced at 05/04/2017 10:11:12.",
+                  "Commencing File Validation", "File Validation successful.",
+                  "File Validation completed in 0 milliseconds",
+                  "Envelope Validation completed in 0 milliseconds.", "Commencing Company Validation",
+                  "Company Validation successful.", "Company Validation completed in 0 milliseconds",
+                  "Company Validation completed in 0 milliseconds.", "Commencing Employee Validation",
+                  "Employee Validation successful.", "Employee Validation completed in 0 milliseconds",
+                  "Average Validation processing time per Employee: 0 milliseconds",
+                  "Employees: Checked: " + count + "; Valid: " + count + "; Invalid: 0",
+                  "Employee Validation completed in 0 milliseconds.",
+                  "Schema validation passed successfully.", "Schema Validation completed in 0 milliseconds.",
+                  "Total time to validate: 0 milliseconds.", "Validation completed at 05/04/2017 10:11:12."));
   EXPECT_EQ(host_->yields, 10);
 }
 
@@ -79,13 +82,14 @@ TEST_F(ValidationTest, AnEPSRunsThePaymentStageInPlaceOfTheEmployees) {
   clsRTIController rti;
   rti.SubmissionType(eRTISUBMISSIONTYPE::IsEPS);
   const Run run = Validate(rti);
-  EXPECT_THAT(Details(run),
-              testing::IsSupersetOf({std::pair(String("Employee Validation Completed"), Long{76}),
-                                     std::pair(String("Payment for Period Validation Completed"), Long{89})}));
-  EXPECT_THAT(run.lines, testing::IsSupersetOf({"Commencing Employer Payment Summary Validation",
-                                                "Employer Payment Summary Validation successful.",
-                                                "Employer Payment Summary Validation completed in 0 milliseconds",
-                                                "Payment for Period Validation completed in 0 milliseconds."}));
+  EXPECT_THAT(Details(run), testing::IsSupersetOf(
+                                {std::pair(String("Employee Validation Completed"), Long{76}),
+                                 std::pair(String("Payment for Period Validation Completed"), Long{89})}));
+  EXPECT_THAT(run.lines,
+              testing::IsSupersetOf({"Commencing Employer Payment Summary Validation",
+                                     "Employer Payment Summary Validation successful.",
+                                     "Employer Payment Summary Validation completed in 0 milliseconds",
+                                     "Payment for Period Validation completed in 0 milliseconds."}));
   EXPECT_EQ(run.status.front().stage, "Validating data for Employer Payment Summary, please wait");
 }
 
@@ -106,10 +110,11 @@ TEST_F(ValidationTest, TellsOfStagesThatAreSwitchedOff) {
   rti.DoSchemaValidation(false);
   const Run run = Validate(rti);
   EXPECT_TRUE(run.result);
-  EXPECT_THAT(run.lines, testing::IsSupersetOf({"Company Validation is disabled... proceeding with next stage.",
-                                                "Employee Validation is disabled... proceeding with next stage.",
-                                                "Payment Validation is disabled... proceeding with next stage.",
-                                                "Schema Validation is disabled... proceeding with next stage."}));
+  EXPECT_THAT(run.lines,
+              testing::IsSupersetOf({"Company Validation is disabled... proceeding with next stage.",
+                                     "Employee Validation is disabled... proceeding with next stage.",
+                                     "Payment Validation is disabled... proceeding with next stage.",
+                                     "Schema Validation is disabled... proceeding with next stage."}));
   EXPECT_EQ(run.status.back().percent, 100);
 }
 
@@ -148,9 +153,10 @@ TEST_F(ValidationTest, EndsWithAReportWhenTheLogIsGone) {
   rti.LogThisSession(false);
   EXPECT_FALSE(rti.Validate());
   ASSERT_EQ(host_->messages.size(), 1U);
-  EXPECT_EQ(host_->messages[0].text,
-            "Error in ZELNOR.dll::clsRTIController: Function Validate: Error 91 - Object variable or With block "
-            "variable not set");
+  EXPECT_EQ(
+      host_->messages[0].text,
+      "Error in ZELNOR.dll::clsRTIController: Function Validate: Error 91 - Object variable or With block "
+      "variable not set");
 }
 
 }  // namespace
