@@ -8,7 +8,7 @@
 #include "zelnor/platform/files.h"
 
 #include "support/recording_host.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

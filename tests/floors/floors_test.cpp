@@ -1,5 +1,5 @@
 #include "floors/include_check.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

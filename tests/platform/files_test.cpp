@@ -17,9 +17,9 @@
 #include <thread>
 #include <unistd.h>
 
-#include "child_process.h"
-#include "scoped_environment.h"
-#include "temporary_folder.h"
+#include "support/child_process.h"
+#include "support/scoped_environment.h"
+#include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -18,8 +18,8 @@
 #include <unistd.h>
 #include <vector>
 
-#include "scoped_environment.h"
-#include "temporary_folder.h"
+#include "support/scoped_environment.h"
+#include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -8,9 +8,9 @@
 #include <memory>
 #include <sys/stat.h>
 
-#include "child_process.h"
-#include "scoped_environment.h"
-#include "temporary_folder.h"
+#include "support/child_process.h"
+#include "support/scoped_environment.h"
+#include "support/temporary_folder.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
