@@ -44,7 +44,7 @@ class CliTest : public testing::Test {
 
   static String SamplePath() { return ZELNOR_SOURCE_DIR "/samples/FPS-25-26.xml"; }
 
-  testing_tools::TemporaryFolder folder_;
+  TemporaryFolder folder_;
 };
 
 TEST_F(CliTest, ShowTellsWhatADocumentIs) {

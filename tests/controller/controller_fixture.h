@@ -43,7 +43,7 @@ class ControllerTest : public testing::Test {
 
   static String Sample() { return ReadFile(ZELNOR_SOURCE_DIR "/samples/FPS-25-26.xml"); }
 
-  testing_tools::TemporaryFolder folder_;
+  TemporaryFolder folder_;
   WithRecordingHost host_;
 };
 

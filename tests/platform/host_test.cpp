@@ -28,8 +28,8 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
-using testing_tools::ScopedEnvironment;
-using testing_tools::TemporaryFolder;
+using ScopedEnvironment;
+using TemporaryFolder;
 
 // ---- messages
 

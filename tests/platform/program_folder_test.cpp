@@ -16,10 +16,10 @@
 namespace zelnor {
 namespace {
 
-using testing_tools::BecomeNobody;
-using testing_tools::ResultInChild;
-using testing_tools::ScopedEnvironment;
-using testing_tools::TemporaryFolder;
+using BecomeNobody;
+using ResultInChild;
+using ScopedEnvironment;
+using TemporaryFolder;
 
 int ErrorOf(const std::function<void()>& body) {
   try {
