@@ -76,6 +76,8 @@ class ZELNOR_API clsGTMSenderDetails : public Record {
   ZELNOR_INTERNAL XmlNode ToXML(const XmlNode& xmlParent);
 
  private:
+  void ReadIDAuthentication(const XmlNode& node);
+
   String sender_id_;
   String certificate_;
   String email_address_;
