@@ -14,8 +14,8 @@ class ZELNOR_API clsFinalSubmission : public Record {
   /// Stores its arguments and clears `Validated`. A zero date means none.
   void Create(bool blnSchemeCeased, bool blnFinalForYear, Date datDateSchemeCeased = {});
 
-  /// Fills the record from text whose first node is `FinalSubmission`. False, and nothing changed, for text that doesn't
-  /// parse or begins with another node, an XML declaration among them.
+  /// Fills the record from text whose first node is `FinalSubmission`. False, and nothing changed, for text
+  /// that doesn't parse or begins with another node, an XML declaration among them.
   bool ParseFromXML(const String& strXML);
 
   /// Fills the record from its element; all fields are cleared first. False when the node has another name.

@@ -44,10 +44,14 @@ bool clsQuestionsAndDeclarations::CreateFromXML(const XmlNode& xmlNode) {
 String clsQuestionsAndDeclarations::RootElementName() const { return "QuestionsAndDeclarations"; }
 
 bool clsQuestionsAndDeclarations::TaxFreePaymentsMadeToEmployee() const { return tax_free_payments_; }
-void clsQuestionsAndDeclarations::TaxFreePaymentsMadeToEmployee(bool value) { Change(tax_free_payments_, value); }
+void clsQuestionsAndDeclarations::TaxFreePaymentsMadeToEmployee(bool value) {
+  Change(tax_free_payments_, value);
+}
 
 bool clsQuestionsAndDeclarations::ExpensesVouchersOrBenefitsFromOthers() const { return expenses_; }
-void clsQuestionsAndDeclarations::ExpensesVouchersOrBenefitsFromOthers(bool value) { Change(expenses_, value); }
+void clsQuestionsAndDeclarations::ExpensesVouchersOrBenefitsFromOthers(bool value) {
+  Change(expenses_, value);
+}
 
 bool clsQuestionsAndDeclarations::PersonEmployedOutsideUKWorkedFor30DaysOrMore() const { return overseas_; }
 void clsQuestionsAndDeclarations::PersonEmployedOutsideUKWorkedFor30DaysOrMore(bool value) {

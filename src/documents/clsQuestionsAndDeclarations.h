@@ -8,15 +8,15 @@ namespace zelnor {
 class ZELNOR_API clsQuestionsAndDeclarations : public Record {
  public:
   /// Stores its arguments and clears `Validated`.
-  void Create(bool blnTaxFreePayments, bool blnExpenses, bool blnOverseas, bool blnPayToOther, bool blnP11DDue,
-              bool blnService);
+  void Create(bool blnTaxFreePayments, bool blnExpenses, bool blnOverseas, bool blnPayToOther,
+              bool blnP11DDue, bool blnService);
 
-  /// Fills the record from text whose first node is `QuestionsAndDeclarations`. False, and nothing changed, for text that
-  /// doesn't parse or begins with another node, an XML declaration among them.
+  /// Fills the record from text whose first node is `QuestionsAndDeclarations`. False, and nothing changed,
+  /// for text that doesn't parse or begins with another node, an XML declaration among them.
   bool ParseFromXML(const String& strXML);
 
-  /// Fills the record from its element; an answer whose element is absent stays as it was. False when the node has another
-  /// name.
+  /// Fills the record from its element; an answer whose element is absent stays as it was. False when the
+  /// node has another name.
   bool CreateFromXML(const XmlNode& xmlNode);
 
   /// "QuestionsAndDeclarations".

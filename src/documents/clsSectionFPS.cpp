@@ -47,7 +47,9 @@ bool clsSectionFPS::CreateFromXML(const XmlNode& xmlNode) {
   return result;
 }
 
-bool clsSectionFPS::Validated() const { return PaidSection::Validated() && AbsentOrValidated(final_submission_); }
+bool clsSectionFPS::Validated() const {
+  return PaidSection::Validated() && AbsentOrValidated(final_submission_);
+}
 
 String clsSectionFPS::RootElementName() const { return "FullPaymentSubmission"; }
 String clsSectionFPS::Class() const { return "HMRC-PAYE-RTI-FPS"; }
@@ -77,9 +79,9 @@ bool clsSectionFPS::MatchesIdentifiers(Long app_period_no) const {
          (week_identifier_ != 0 && app_period_no == week_identifier_);
 }
 
-void clsSectionFPS::GetTotalsForPeriod(Long lngPeriodNo, Long& lngTotalEmployeesPaid, Currency& curTotalTaxPaid,
-                                       Currency& curTotalEmployersNI, Currency& curTotalEmployeesNI,
-                                       Currency& curTotalStudentLoansPaid) {
+void clsSectionFPS::GetTotalsForPeriod(Long lngPeriodNo, Long& lngTotalEmployeesPaid,
+                                       Currency& curTotalTaxPaid, Currency& curTotalEmployersNI,
+                                       Currency& curTotalEmployeesNI, Currency& curTotalStudentLoansPaid) {
   Handled(ClassName(), "Sub GetTotalsForPeriod", [&] {
     curTotalTaxPaid = curTotalEmployersNI = curTotalEmployeesNI = curTotalStudentLoansPaid = {};
     AddTotals([&](Long number) { return number == lngPeriodNo; },
@@ -89,8 +91,8 @@ void clsSectionFPS::GetTotalsForPeriod(Long lngPeriodNo, Long& lngTotalEmployees
 }
 
 void clsSectionFPS::GetCountsForPeriod(Long lngPeriodNo, Long& lngTotalEmployees, Long& lngNewEmployees,
-                                       Long& lngCurrentEmployees, Long& lngLeaverEmployees, Long& lngPaidCount,
-                                       Long& lngUnpaidCount) {
+                                       Long& lngCurrentEmployees, Long& lngLeaverEmployees,
+                                       Long& lngPaidCount, Long& lngUnpaidCount) {
   Handled(ClassName(), "Sub GetCountsForPeriod", [&] {
     AddCounts([&](Long number) { return number == lngPeriodNo; },
               {lngTotalEmployees, lngNewEmployees, lngCurrentEmployees, lngLeaverEmployees, lngPaidCount,

@@ -6,8 +6,8 @@ namespace zelnor {
 
 class clsFinalSubmission;
 
-/// The body of a Full Payment Submission: the employer's references, the tax year, the employees and, for the last one of a
-/// year or scheme, the final-submission marks.
+/// The body of a Full Payment Submission: the employer's references, the tax year, the employees and, for the
+/// last one of a year or scheme, the final-submission marks.
 ///
 /// @code
 /// Ref<clsSectionFPS> fps = rti.Submission()->FPS();
@@ -24,12 +24,12 @@ class ZELNOR_API clsSectionFPS : public PaidSection {
               CollectionRef<clsEmployee> colEmployees, bool blnCompressed = false,
               Ref<clsFinalSubmission> objFinalSubmission = nullptr);
 
-  /// Fills the section from text whose first node is `FullPaymentSubmission`. False, and nothing changed, for text that
-  /// doesn't parse or begins with another node, an XML declaration among them.
+  /// Fills the section from text whose first node is `FullPaymentSubmission`. False, and nothing changed, for
+  /// text that doesn't parse or begins with another node, an XML declaration among them.
   bool ParseFromXML(const String& strXML);
 
-  /// Fills the section from its element. References, employees and final submission are cleared first; tax year and flags
-  /// stay. Unknown children are ignored. False when the node has another name.
+  /// Fills the section from its element. References, employees and final submission are cleared first; tax
+  /// year and flags stay. Unknown children are ignored. False when the node has another name.
   bool CreateFromXML(const XmlNode& xmlNode);
 
   using PaidSection::Validated;
@@ -47,8 +47,8 @@ class ZELNOR_API clsSectionFPS : public PaidSection {
   /// Appends an employee, clearing its `Validated`. No object is reported as error 91.
   void AddEmployee(const Ref<clsEmployee>& objEmployee);
 
-  /// The marks of a final submission. Reading makes an empty record when none is held, and from then on the element is
-  /// written. Writing clears the record's `Validated`.
+  /// The marks of a final submission. Reading makes an empty record when none is held, and from then on the
+  /// element is written. Writing clears the record's `Validated`.
   ///@{
   Ref<clsFinalSubmission> Final_Submission();
   void Final_Submission(Ref<clsFinalSubmission> value);
@@ -68,15 +68,16 @@ class ZELNOR_API clsSectionFPS : public PaidSection {
   void WeekIdentifier(Long value);
   ///@}
 
-  /// Adds up the payments whose `AppPeriodNo` is `lngPeriodNo`. The four amounts start at zero, the count is added to as it comes
-  /// in. Student and postgraduate loans go into one sum.
+  /// Adds up the payments whose `AppPeriodNo` is `lngPeriodNo`. The four amounts start at zero, the count is
+  /// added to as it comes in. Student and postgraduate loans go into one sum.
   void GetTotalsForPeriod(Long lngPeriodNo, Long& lngTotalEmployeesPaid, Currency& curTotalTaxPaid,
                           Currency& curTotalEmployersNI, Currency& curTotalEmployeesNI,
                           Currency& curTotalStudentLoansPaid);
 
   /// As GetCounts, for the payments whose `AppPeriodNo` is `lngPeriodNo`; every employee counts to the total.
-  void GetCountsForPeriod(Long lngPeriodNo, Long& lngTotalEmployees, Long& lngNewEmployees, Long& lngCurrentEmployees,
-                          Long& lngLeaverEmployees, Long& lngPaidCount, Long& lngUnpaidCount);
+  void GetCountsForPeriod(Long lngPeriodNo, Long& lngTotalEmployees, Long& lngNewEmployees,
+                          Long& lngCurrentEmployees, Long& lngLeaverEmployees, Long& lngPaidCount,
+                          Long& lngUnpaidCount);
 
   /// Writes the section under its envelope.
   ZELNOR_INTERNAL XmlNode ToXML(const XmlNode& xmlParent);

@@ -12,7 +12,8 @@ constexpr const char* kNoCompression = "Error: compressed employees are not supp
 }  // namespace
 
 EmployeeSection::EmployeeSection()
-    : employer_references_(std::make_shared<clsEmployerReferences>()), employees_(MakeCollection<clsEmployee>()) {}
+    : employer_references_(std::make_shared<clsEmployerReferences>()),
+      employees_(MakeCollection<clsEmployee>()) {}
 
 EmployeeSection::~EmployeeSection() = default;
 
@@ -20,7 +21,9 @@ bool EmployeeSection::Validated() const {
   return validated_ && AbsentOrValidated(employer_references_) && AbsentOrValidated(employees_);
 }
 
-Ref<clsEmployerReferences> EmployeeSection::Employer_References() { return MadeWhenAbsent(employer_references_); }
+Ref<clsEmployerReferences> EmployeeSection::Employer_References() {
+  return MadeWhenAbsent(employer_references_);
+}
 void EmployeeSection::Employer_References(Ref<clsEmployerReferences> value) {
   ClearValidated(value);
   employer_references_ = std::move(value);
@@ -91,7 +94,8 @@ void EmployeeSection::WriteReferences(const XmlNode& xmlSection) {
 }
 
 void EmployeeSection::WriteEmployees(const XmlNode& xmlSection) {
-  const bool plain = (!use_compression_ && EmployeeCount() < auto_compression_limit_) || override_compression_;
+  const bool plain =
+      (!use_compression_ && EmployeeCount() < auto_compression_limit_) || override_compression_;
   if (!plain) events.CompressionError(kNoCompression);
   RemoveChildNodes(xmlSection, "Employee");
   if (!employees_) return;

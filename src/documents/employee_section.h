@@ -9,8 +9,8 @@ class clsCompressedEmployees;
 class clsEmployee;
 class clsEmployerReferences;
 
-/// What the sections with many employees share (FPS, EYU and EAS): the employer's references, the employees, and the choice
-/// between plain `Employee` elements and one `CompressedPart`.
+/// What the sections with many employees share (FPS, EYU and EAS): the employer's references, the employees,
+/// and the choice between plain `Employee` elements and one `CompressedPart`.
 class ZELNOR_API EmployeeSection : public Record {
  public:
   /// The events of a section.
@@ -23,7 +23,8 @@ class ZELNOR_API EmployeeSection : public Record {
   using Record::Validated;
   bool Validated() const override;
 
-  /// The employer's references. Reading makes an empty record when none is held; writing clears its `Validated`.
+  /// The employer's references. Reading makes an empty record when none is held; writing clears its
+  /// `Validated`.
   ///@{
   Ref<clsEmployerReferences> Employer_References();
   void Employer_References(Ref<clsEmployerReferences> value);
@@ -44,8 +45,8 @@ class ZELNOR_API EmployeeSection : public Record {
   void UseValidation(bool value);
   ///@}
 
-  /// Whether the employees are written compressed whatever their number. Reading a document sets it to the form that
-  /// the document has.
+  /// Whether the employees are written compressed whatever their number. Reading a document sets it to the
+  /// form that the document has.
   ///@{
   bool UseCompression() const;
   void UseCompression(bool value);
@@ -81,7 +82,8 @@ class ZELNOR_API EmployeeSection : public Record {
   /// New references, no employees, no compressed part.
   void ClearEmployees();
 
-  /// Takes a child that all these sections have: `EmpRefs`, `Employee` or `CompressedPart`. False for any other name.
+  /// Takes a child that all these sections have: `EmpRefs`, `Employee` or `CompressedPart`. False for any
+  /// other name.
   bool ReadCommonChild(const XmlNode& child);
 
   void WriteReferences(const XmlNode& xmlSection);

@@ -1,14 +1,14 @@
 #include "zelnor/documents/paid_section.h"
 
-#include <functional>
-#include <map>
-#include <set>
-
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsEmployment.h"
 #include "zelnor/documents/clsNILettersAndValues.h"
 #include "zelnor/documents/clsPayment.h"
 #include "zelnor/platform/conversions.h"
+
+#include <functional>
+#include <map>
+#include <set>
 
 namespace zelnor {
 namespace {
@@ -31,7 +31,8 @@ void ForEachPayment(const CollectionRef<clsEmployee>& employees, const PaymentVi
   for (const Ref<clsEmployee>& employee : *employees) ForEachPayment(Required(employee), visit);
 }
 
-void ForEachNIRow(clsEmployment& employment, const std::function<void(const clsNILettersAndValues& row)>& visit) {
+void ForEachNIRow(clsEmployment& employment,
+                  const std::function<void(const clsNILettersAndValues& row)>& visit) {
   const CollectionRef<clsNILettersAndValues> rows = employment.NILettersAndValues();
   if (!rows) return;
   for (const Ref<clsNILettersAndValues>& row : *rows) visit(Required(row));
@@ -42,7 +43,9 @@ bool IsPaid(const Paid& each) {
          each.employment.HasGrossNIablePayments();
 }
 
-bool IsPaidOrTaxed(const Paid& each) { return IsPaid(each) || !each.payment.TaxDeductedOrRefunded().IsZero(); }
+bool IsPaidOrTaxed(const Paid& each) {
+  return IsPaid(each) || !each.payment.TaxDeductedOrRefunded().IsZero();
+}
 
 Currency EmployersNI(const Paid& each) {
   Currency sum;
@@ -119,9 +122,9 @@ std::vector<PeriodValues> PaidSection::IncludedPeriodsAndValues() {
   return result;
 }
 
-void PaidSection::GetTotals(Long& lngTotalEmployeesPaid, Currency& curTotalTaxPaid, Currency& curTotalEmployersNI,
-                            Currency& curTotalEmployeesNI, Currency& curTotalStudentLoansPaid,
-                            Currency& curTotalPostgradLoansPaid) {
+void PaidSection::GetTotals(Long& lngTotalEmployeesPaid, Currency& curTotalTaxPaid,
+                            Currency& curTotalEmployersNI, Currency& curTotalEmployeesNI,
+                            Currency& curTotalStudentLoansPaid, Currency& curTotalPostgradLoansPaid) {
   Handled(ClassName(), "Sub GetTotals", [&] {
     curTotalTaxPaid = curTotalEmployersNI = curTotalEmployeesNI = curTotalStudentLoansPaid = {};
     AddTotals([this](Long number) { return MatchesIdentifiers(number); },
@@ -133,8 +136,8 @@ void PaidSection::GetTotals(Long& lngTotalEmployeesPaid, Currency& curTotalTaxPa
 void PaidSection::GetCounts(Long& lngTotalEmployees, Long& lngNewEmployees, Long& lngCurrentEmployees,
                             Long& lngLeaverEmployees, Long& lngPaidCount, Long& lngUnpaidCount) {
   Handled(ClassName(), "Sub GetCounts", [&] {
-    AddCounts([](Long) { return true; }, {lngTotalEmployees, lngNewEmployees, lngCurrentEmployees, lngLeaverEmployees,
-                                          lngPaidCount, lngUnpaidCount});
+    AddCounts([](Long) { return true; }, {lngTotalEmployees, lngNewEmployees, lngCurrentEmployees,
+                                          lngLeaverEmployees, lngPaidCount, lngUnpaidCount});
   });
 }
 
@@ -168,7 +171,8 @@ void PaidSection::AddCounts(const PeriodTest& takes, const CountsInto& into) {
 Long PaidSection::TotalEmployeesPaid() {
   Long result = 0;
   Handled(ClassName(), "Get TotalEmployeesPaid", [&] {
-    ForEachPayment(Employees(), [&](const Paid& each) { result += each.payment.TaxablePay().IsZero() ? 0 : 1; });
+    ForEachPayment(Employees(),
+                   [&](const Paid& each) { result += each.payment.TaxablePay().IsZero() ? 0 : 1; });
   });
   return result;
 }
@@ -183,17 +187,15 @@ Currency PaidSection::TotalTaxPaid() {
 
 Currency PaidSection::TotalEmployersNI() {
   Currency result;
-  Handled(ClassName(), "Get TotalEmployersNI", [&] {
-    ForEachPayment(Employees(), [&](const Paid& each) { result += EmployersNI(each); });
-  });
+  Handled(ClassName(), "Get TotalEmployersNI",
+          [&] { ForEachPayment(Employees(), [&](const Paid& each) { result += EmployersNI(each); }); });
   return result;
 }
 
 Currency PaidSection::TotalEmployeesNI() {
   Currency result;
-  Handled(ClassName(), "Get TotalEmployeesNI", [&] {
-    ForEachPayment(Employees(), [&](const Paid& each) { result += EmployeesNI(each); });
-  });
+  Handled(ClassName(), "Get TotalEmployeesNI",
+          [&] { ForEachPayment(Employees(), [&](const Paid& each) { result += EmployeesNI(each); }); });
   return result;
 }
 

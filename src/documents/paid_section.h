@@ -1,16 +1,17 @@
 #pragma once
 
-#include <functional>
-#include <vector>
-
 #include "zelnor/common/enumerations.h"
 #include "zelnor/documents/employee_section.h"
 
+#include <functional>
+#include <vector>
+
 namespace zelnor {
 
-/// What the sections that report payments share (FPS and EYU): the tax year, and the totals and head counts for an application's
-/// confirmation screens. A payment is the one `Payment` of each employment of each employee, in collection order. Nothing is
-/// cached: each operation walks all employees; after a failure results hold what had been added so far.
+/// What the sections that report payments share (FPS and EYU): the tax year, and the totals and head counts
+/// for an application's confirmation screens. A payment is the one `Payment` of each employment of each
+/// employee, in collection order. Nothing is cached: each operation walks all employees; after a failure
+/// results hold what had been added so far.
 class ZELNOR_API PaidSection : public EmployeeSection {
  public:
   /// The tax year, as "25-26". Writing clears `Validated`.
@@ -22,7 +23,8 @@ class ZELNOR_API PaidSection : public EmployeeSection {
   /// The same as writing `TaxYear`.
   void SetRelatedTaxYear(const String& strTaxYear);
 
-  /// The application's number for the period that GetTotals adds up; plain storage, 0 at first, never written.
+  /// The application's number for the period that GetTotals adds up; plain storage, 0 at first, never
+  /// written.
   ///@{
   Long PeriodIdentifier() const;
   void PeriodIdentifier(Long value);
@@ -31,18 +33,20 @@ class ZELNOR_API PaidSection : public EmployeeSection {
   /// The distinct `AppPeriodNo` of all payments, ascending, joined by blanks; empty without payments.
   String PeriodsInList();
 
-  /// The totals by period, in order of first appearance: a payment whose `MonthNo` isn't zero counts to a month, else one whose
-  /// `WeekNo` isn't zero to a week; other payments are left out.
+  /// The totals by period, in order of first appearance: a payment whose `MonthNo` isn't zero counts to a
+  /// month, else one whose `WeekNo` isn't zero to a week; other payments are left out.
   std::vector<PeriodValues> IncludedPeriodsAndValues();
 
-  /// Adds up the payments whose `AppPeriodNo` equals the period identifiers. The first four amounts start at zero, while the
-  /// count and the last amount are added to as they come in.
+  /// Adds up the payments whose `AppPeriodNo` equals the period identifiers. The first four amounts start at
+  /// zero, while the count and the last amount are added to as they come in.
   void GetTotals(Long& lngTotalEmployeesPaid, Currency& curTotalTaxPaid, Currency& curTotalEmployersNI,
-                 Currency& curTotalEmployeesNI, Currency& curTotalStudentLoansPaid, Currency& curTotalPostgradLoansPaid);
+                 Currency& curTotalEmployeesNI, Currency& curTotalStudentLoansPaid,
+                 Currency& curTotalPostgradLoansPaid);
 
-  /// Counts employees and payments; the results are added to as they come in. An unpaid payment counts to no status.
-  void GetCounts(Long& lngTotalEmployees, Long& lngNewEmployees, Long& lngCurrentEmployees, Long& lngLeaverEmployees,
-                 Long& lngPaidCount, Long& lngUnpaidCount);
+  /// Counts employees and payments; the results are added to as they come in. An unpaid payment counts to no
+  /// status.
+  void GetCounts(Long& lngTotalEmployees, Long& lngNewEmployees, Long& lngCurrentEmployees,
+                 Long& lngLeaverEmployees, Long& lngPaidCount, Long& lngUnpaidCount);
 
   /// The number of payments whose `TaxablePay` isn't zero.
   Long TotalEmployeesPaid();

@@ -1,9 +1,9 @@
 #include "zelnor/envelope/clsBase64.h"
 
-#include <array>
-
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/text.h"
+
+#include <array>
 
 namespace zelnor {
 namespace {
@@ -14,7 +14,8 @@ constexpr int kNoDigit = -1;
 constexpr std::array<int, 256> ReverseTable() {
   std::array<int, 256> table{};
   table.fill(kNoDigit);
-  for (std::size_t i = 0; i < kAlphabet.size(); ++i) table[static_cast<unsigned char>(kAlphabet[i])] = static_cast<int>(i);
+  for (std::size_t i = 0; i < kAlphabet.size(); ++i)
+    table[static_cast<unsigned char>(kAlphabet[i])] = static_cast<int>(i);
   return table;
 }
 
@@ -28,7 +29,8 @@ String Encode(std::string_view bytes) {
   for (std::size_t at = 0; at < bytes.size(); at += 3) {
     const std::string_view group = bytes.substr(at, 3);
     unsigned bits = 0;
-    for (std::size_t i = 0; i < 3; ++i) bits = bits << 8 | (i < group.size() ? static_cast<unsigned char>(group[i]) : 0U);
+    for (std::size_t i = 0; i < 3; ++i)
+      bits = bits << 8 | (i < group.size() ? static_cast<unsigned char>(group[i]) : 0U);
     for (std::size_t i = 0; i < 4; ++i) {
       text.push_back(i <= group.size() ? kAlphabet[(bits >> (18 - 6 * i)) & 63U] : '=');
     }
@@ -52,7 +54,8 @@ std::string Decode(std::string_view text) {
     if (digit == kNoDigit || padding != 0) ThrowTypeMismatch();
     bits = bits << 6 | static_cast<unsigned>(digit);
     if (++digits % 4 == 0) {
-      for (int shift = 16; shift >= 0; shift -= 8) bytes.push_back(static_cast<char>((bits >> shift) & 0xFFU));
+      for (int shift = 16; shift >= 0; shift -= 8)
+        bytes.push_back(static_cast<char>((bits >> shift) & 0xFFU));
       bits = 0;
     }
   }

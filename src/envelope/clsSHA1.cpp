@@ -1,7 +1,5 @@
 #include "zelnor/envelope/clsSHA1.h"
 
-#include <bit>
-
 #include "zelnor/common/modPublicEnums.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
 #include "zelnor/documents/clsSubmission.h"
@@ -10,6 +8,8 @@
 #include "zelnor/envelope/word_blocks.h"
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/text.h"
+
+#include <bit>
 
 namespace zelnor {
 namespace {
@@ -37,7 +37,8 @@ class Digest {
     for (std::size_t t = 0; t < 16; ++t) w[t] = block[t];
     for (std::size_t t = 16; t < 80; ++t) w[t] = std::rotl(w[t - 3] ^ w[t - 8] ^ w[t - 14] ^ w[t - 16], 1);
     auto [a, b, c, d, e] = state_;
-    const auto round = [&, &a = a, &b = b, &c = c, &d = d, &e = e](std::size_t t, std::uint32_t f, std::uint32_t k) {
+    const auto round = [&, &a = a, &b = b, &c = c, &d = d, &e = e](std::size_t t, std::uint32_t f,
+                                                                   std::uint32_t k) {
       const std::uint32_t next = std::rotl(a, 5) + f + e + k + w[t];
       e = d;
       d = c;
@@ -116,7 +117,8 @@ void clsSHA1::MarkSubmission(clsGovTalkMessage& objsubmission) {
 clsSHA1::Places clsSHA1::FindPlaces(const XmlDocument& document) {
   Places places;
   XmlNode envelope = document.DocumentElement();
-  if (envelope && envelope.BaseName() != "GovTalkMessage") envelope = document.SelectSingleNode("/" + Step("GovTalkMessage"));
+  if (envelope && envelope.BaseName() != "GovTalkMessage")
+    envelope = document.SelectSingleNode("/" + Step("GovTalkMessage"));
   if (!envelope) return places;
   const String header_path = "." + Step("Body") + Step("IRenvelope") + Step("IRheader");
   places.body = envelope.SelectSingleNode("." + Step("Body"));
@@ -215,6 +217,8 @@ String clsSHA1::DigestToBase64(const String& strDigest) {
   return text;
 }
 
+String clsSHA1::Base32Of(const String& strBase64Mark) { return Base64ToBase32(strBase64Mark, kDigestBits); }
+
 String clsSHA1::Base64ToBase32(const String& strBase64, Long lngBits) {
   return Convert_b2_2_b32(Convert_b64_2_b2(strBase64, lngBits));
 }
@@ -253,7 +257,8 @@ String clsSHA1::Long2Binary(Long lngValue) {
   String result;
   Handled("clsSHA1", "Function Long2Binary", [&] {
     String digits;
-    for (auto rest = static_cast<std::uint32_t>(lngValue); rest != 0; rest >>= 1) digits.insert(0, 1, rest & 1U ? '1' : '0');
+    for (auto rest = static_cast<std::uint32_t>(lngValue); rest != 0; rest >>= 1)
+      digits.insert(0, 1, rest & 1U ? '1' : '0');
     result = digits.empty() ? "0" : digits;
   });
   return result;

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <cstdint>
-
 #include "zelnor/platform/xml.h"
+
+#include <cstdint>
 
 namespace zelnor {
 
 class clsGovTalkMessage;
 
-/// The IRmark: the SHA-1 digest of a submission's `Body`, which HMRC checks on arrival and an employer can print as proof
-/// of what was sent. The digest is taken over the `xml` text of `Body`, without an `IRmark` that is already there; byte i is
-/// the low byte of the text's UTF-16 code unit i.
+/// The IRmark: the SHA-1 digest of a submission's `Body`, which HMRC checks on arrival and an employer can
+/// print as proof of what was sent. The digest is taken over the `xml` text of `Body`, without an `IRmark`
+/// that is already there; byte i is the low byte of the text's UTF-16 code unit i.
 ///
 /// @code
 /// clsSHA1 sha1;
@@ -25,20 +25,24 @@ class ZELNOR_API clsSHA1 {
   /// The last mark in Base32: 32 characters; empty at first.
   String Base32Mark() const { return base32_mark_; }
 
-  /// Computes the marks of a message and returns a new document of its envelope that holds the `IRmark`, at the place of an
-  /// old one or behind the last of the header's elements that may stand before it. The mark is also stored in the message's
-  /// `SubmissionDocument.Header.DocIRMark`. Raises 0x80040200 with a description that begins "Error in
-  /// ZELNOR.dll::clsSHA1::Sub CreateIRMark: Error Number = " after any failure, such as a header without `Keys`.
+  /// Computes the marks of a message and returns a new document of its envelope that holds the `IRmark`, at
+  /// the place of an old one or behind the last of the header's elements that may stand before it. The mark
+  /// is also stored in the message's `SubmissionDocument.Header.DocIRMark`. Raises 0x80040200 with a
+  /// description that begins "Error in ZELNOR.dll::clsSHA1::Sub CreateIRMark: Error Number = " after any
+  /// failure, such as a header without `Keys`.
   XmlDocument CreateIRMark(clsGovTalkMessage& objsubmission);
 
-  /// The Base64 mark of the text of an envelope that holds an `IRmark`; no property changes. Raises 0x80040200 with a
-  /// description that begins "Error in ZELNOR.dll::clsSHA1::Sub CreateIRMark2: Error Number = " after any failure, such as
-  /// a text without `IRmark`.
+  /// The Base64 mark of the text of an envelope that holds an `IRmark`; no property changes. Raises
+  /// 0x80040200 with a description that begins "Error in ZELNOR.dll::clsSHA1::Sub CreateIRMark2: Error Number
+  /// = " after any failure, such as a text without `IRmark`.
   String CreateIRMark2(const String& sXML);
 
-  /// The same as CreateIRMark where the new document isn't wanted: computes the marks of the message's own document
-  /// and stores them, without a copy.
+  /// The same as CreateIRMark where the new document isn't wanted: computes the marks of the message's own
+  /// document and stores them, without a copy.
   ZELNOR_INTERNAL void MarkSubmission(clsGovTalkMessage& objsubmission);
+
+  /// The Base32 form of a mark in Base64; empty for empty text.
+  ZELNOR_INTERNAL static String Base32Of(const String& strBase64Mark);
 
  private:
   friend struct clsSHA1Peer;

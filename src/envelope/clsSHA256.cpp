@@ -1,9 +1,9 @@
 #include "zelnor/envelope/clsSHA256.h"
 
-#include <bit>
-
 #include "zelnor/envelope/word_blocks.h"
 #include "zelnor/platform/failure.h"
+
+#include <bit>
 
 namespace zelnor {
 namespace {
@@ -32,7 +32,8 @@ Word SmallSigma1(Word x) { return std::rotr(x, 17) ^ std::rotr(x, 19) ^ (x >> 10
 void Compress(State& state, const WordBlock& block) {
   std::array<Word, 64> w;
   for (std::size_t t = 0; t < 16; ++t) w[t] = block[t];
-  for (std::size_t t = 16; t < 64; ++t) w[t] = SmallSigma1(w[t - 2]) + w[t - 7] + SmallSigma0(w[t - 15]) + w[t - 16];
+  for (std::size_t t = 16; t < 64; ++t)
+    w[t] = SmallSigma1(w[t - 2]) + w[t - 7] + SmallSigma0(w[t - 15]) + w[t - 16];
   auto [a, b, c, d, e, f, g, h] = state;
   for (std::size_t t = 0; t < 64; ++t) {
     const Word t1 = h + Sigma1(e) + Ch(e, f, g) + kRounds[t] + w[t];
@@ -55,7 +56,8 @@ void Compress(State& state, const WordBlock& block) {
 String clsSHA256::Encrypt(const String& strMessage) {
   String result;
   Handled("clsSHA256", "Function Encrypt", [&] {
-    State state = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a, 0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
+    State state = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a,
+                   0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
     WordBlocks blocks([&](const WordBlock& block) { Compress(state, block); });
     blocks.Add(strMessage);
     blocks.Finish();

@@ -4,8 +4,8 @@
 
 namespace zelnor {
 
-/// SHA-256 (FIPS 180-4) of a text, for the `BacsHashCode` of a payment. The text's bytes are the low bytes of its UTF-16
-/// code units.
+/// SHA-256 (FIPS 180-4) of a text, for the `BacsHashCode` of a payment. The text's bytes are the low bytes of
+/// its UTF-16 code units.
 ///
 /// @code
 /// String hash = clsSHA256().Encrypt("01234567" "89" "0000123.45");

@@ -1,8 +1,8 @@
 #include "zelnor/envelope/word_blocks.h"
 
-#include <algorithm>
-
 #include "zelnor/platform/text.h"
+
+#include <algorithm>
 
 namespace zelnor {
 namespace {

@@ -1,8 +1,9 @@
 #pragma once
 
 /// @file
-/// Text as the digests of this system see it. Byte i of the message is the low byte of the text's UTF-16 code unit i, so
-/// that a character above U+00FF loses its high byte and the pound sign gives A3; four bytes go in a word, big-endian.
+/// Text as the digests of this system see it. Byte i of the message is the low byte of the text's UTF-16 code
+/// unit i, so that a character above U+00FF loses its high byte and the pound sign gives A3; four bytes go in
+/// a word, big-endian.
 
 #include <array>
 #include <cstdint>
@@ -19,12 +20,14 @@ using WordBlock = std::array<std::uint32_t, 16>;
 class WordBlocks {
  public:
   /// @param compress called with each block
-  explicit WordBlocks(std::function<void(const WordBlock& block)> compress) : compress_(std::move(compress)) {}
+  explicit WordBlocks(std::function<void(const WordBlock& block)> compress)
+      : compress_(std::move(compress)) {}
 
   /// The next piece of the text in UTF-8, cut between characters.
   void Add(std::string_view text);
 
-  /// Appends the mark behind the text's end, the padding and the length in bits. Nothing may be added afterwards.
+  /// Appends the mark behind the text's end, the padding and the length in bits. Nothing may be added
+  /// afterwards.
   void Finish();
 
  private:

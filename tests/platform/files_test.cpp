@@ -629,7 +629,7 @@ using LocalDateTest = Clock;
 
 TEST_F(LocalDateTest, CountsTheTimeForwardBeforeTheFirstDay) {
   // Noon of 28 December 1899, two days before the count begins.
-  EXPECT_DOUBLE_EQ(LocalDate({-25569L * 86400 - 2 * 86400 + 43200, 0}).Serial(), -2.5);
+  EXPECT_DOUBLE_EQ(LocalDate({(-25569L - 2L) * 86400L + 43200L, 0}).Serial(), -2.5);
   EXPECT_DOUBLE_EQ(LocalDate({0, 500'000'000}).Serial(), 25569.0 + 3600.5 / 86400.0 - 3600.0 / 86400.0);
 }
 

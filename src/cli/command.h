@@ -1,0 +1,94 @@
+#pragma once
+
+/// @file
+/// What the program's commands share: the options of every command, the exit statuses, and how results and
+/// errors reach the person or, with --json, another program.
+
+#include "zelnor/common/enumerations.h"
+#include "zelnor/platform/xml.h"
+
+#include <stdexcept>
+
+#include <nlohmann/json.hpp>
+
+namespace zelnor::cli {
+
+using Json = nlohmann::ordered_json;
+
+/// The program's exit statuses.
+enum ExitStatus : int {
+  kSuccessful = 0,
+  kWrongUsage = 2,
+  kUnreadableInput = 3,
+  kPending = 10,
+  kFailedValidation = 11,
+  kFailedSend = 12,
+  kConnectionFailed = 13,
+  kCancelledSend = 14,
+  kUnknownError = 15
+};
+
+/// Options of every command.
+struct CommonOptions {
+  String home;        ///< the program's folder; empty for the default
+  bool json = false;  ///< one JSON object on standard output, and nothing else there
+};
+
+/// Ends a command with a message for the person and an exit status.
+class CommandError : public std::runtime_error {
+ public:
+  CommandError(ExitStatus status, const String& message) : std::runtime_error(message), status_(status) {}
+  ExitStatus Status() const { return status_; }
+
+ private:
+  ExitStatus status_;
+};
+
+/// The exit status of a result.
+ExitStatus StatusOf(SUBMISSION_RESULT result);
+
+/// The name of a result as in SUBMISSION_RESULT.
+String NameOf(SUBMISSION_RESULT result);
+
+/// Chooses the program's folder and furnishes it when it is missing or empty.
+void PrepareHome(const CommonOptions& options);
+
+/// The path made absolute; a trailing separator stays. "-" stays as it is.
+String AbsolutePath(const String& path);
+
+/// Reads a file, or standard input for "-", that holds a GovTalk message. Raises CommandError
+/// (kUnreadableInput) that names file, line and remedy for anything else.
+XmlDocument ReadMessage(const String& path);
+
+/// Writes the JSON object, or the lines for people, to standard output.
+void Print(const CommonOptions& options, const Json& json, const String& text);
+
+/// A setting that a command changes for its own run; its former value is put back at the end, also after a
+/// failure.
+class KeptSetting {
+ public:
+  explicit KeptSetting(String key);
+  KeptSetting(const KeptSetting&) = delete;
+  KeptSetting& operator=(const KeptSetting&) = delete;
+  ~KeptSetting();
+
+ private:
+  String key_;
+  String value_;
+};
+
+int RunShow(const CommonOptions& options, const String& file);
+int RunIRmark(const CommonOptions& options, const String& file);
+
+/// Options of `zelnor save`.
+struct SaveOptions {
+  String file;
+  String out;
+  String today;
+  bool no_validation = false;
+  bool compress = false;
+  bool plain = false;
+};
+int RunSave(const CommonOptions& options, const SaveOptions& save);
+
+}  // namespace zelnor::cli

@@ -1,0 +1,67 @@
+#include "zelnor/cli/command.h"
+#include "zelnor/common/clsLog.h"
+#include "zelnor/controller/clsRTIController.h"
+#include "zelnor/documents/clsSectionIRHeader.h"
+#include "zelnor/documents/clsSubmission.h"
+#include "zelnor/envelope/clsIRMark.h"
+#include "zelnor/envelope/clsSHA1.h"
+#include "zelnor/platform/conversions.h"
+#include "zelnor/platform/files.h"
+
+#include <filesystem>
+
+namespace zelnor::cli {
+namespace {
+
+Date TodayOf(const String& text) {
+  if (text.size() != 10 || text[4] != '-' || !IsDate(text)) {
+    throw CommandError(kWrongUsage, "--today: \"" + text + "\" is no date. Write it as YYYY-MM-DD.");
+  }
+  return ToDate(text);
+}
+
+String OutOf(const String& out) {
+  const String path = AbsolutePath(out);
+  if (!EndsInSeparator(path) && std::filesystem::is_directory(SystemPath(path))) {
+    throw CommandError(
+        kWrongUsage, path + " is a folder. Name a file, or end the path in \"/\" to save into that folder.");
+  }
+  return path;
+}
+
+}  // namespace
+
+int RunSave(const CommonOptions& options, const SaveOptions& save) {
+  if (save.compress) {
+    throw CommandError(kWrongUsage,
+                       "--compress: this version writes employees plain only. Leave the option out.");
+  }
+  const Date today = save.today.empty() ? Date() : TodayOf(save.today);
+  const String out = OutOf(save.out);
+  PrepareHome(options);
+  clsRTIController rti;
+  const KeptSetting validation_required("ValidationRequired");
+  if (save.no_validation) rti.ValidationRequired(false);
+  if (!save.today.empty()) rti.SystemDate(today);
+  rti.ReadXMLDoc(ReadMessage(save.file));
+  rti.OverrideCompression(true);
+  // The body is written anew, so an old mark goes; reading the property makes the record that the header's
+  // writer needs.
+  rti.Submission()->Header()->DocIRMark()->value("");
+  const SUBMISSION_RESULT result = rti.SaveSubmission(out);
+  const bool saved = rti.SubmissionSaved();
+  const String mark = saved ? rti.Submission()->Header()->DocIRMark()->value() : String();
+  const String path = saved ? rti.SubmissionFilePath() : String();
+  const String log = rti.ProcessingLog()->LogFilePath();
+  const Json json = {{"result", NameOf(result)},
+                     {"path", path},
+                     {"irmark", {{"base64", mark}, {"base32", clsSHA1::Base32Of(mark)}}},
+                     {"log", log}};
+  String text = "Result   " + NameOf(result) + "\n";
+  if (saved)
+    text += "Saved    " + path + "\nIRmark   " + mark + "\n         " + clsSHA1::Base32Of(mark) + "\n";
+  Print(options, json, text + "Log      " + log + "\n");
+  return StatusOf(result);
+}
+
+}  // namespace zelnor::cli

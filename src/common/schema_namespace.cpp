@@ -1,0 +1,26 @@
+#include "zelnor/common/schema_namespace.h"
+
+#include "zelnor/platform/files.h"
+#include "zelnor/platform/host.h"
+#include "zelnor/platform/xml.h"
+
+namespace zelnor {
+
+String TargetNamespaceOf(const String& strSchemaPath) {
+  const XmlDocument schema;
+  schema.ValidateOnParse(false);
+  schema.Async(false);
+  schema.ResolveExternals(false);
+  if (!schema.Load(ResolveProgramPath(strSchemaPath))) return {};
+  return schema.DocumentElement().Attribute("targetNamespace").value_or("");
+}
+
+void WarnOfMissingSchema(const String& strMore) {
+  CurrentHost()->MessageBox(
+      "Could not locate schema to retrieve Namespaces from!\r\n\r\n"
+      "Any submissions may not pass at the Government Gateway without the required namespaces." +
+          strMore,
+      kExclamationIcon, "HMRC Online Services");
+}
+
+}  // namespace zelnor

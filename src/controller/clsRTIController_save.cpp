@@ -1,0 +1,100 @@
+#include "zelnor/common/alsAppSettings.h"
+#include "zelnor/common/clsLog.h"
+#include "zelnor/common/modPublicEnums.h"
+#include "zelnor/common/record.h"
+#include "zelnor/controller/clsRTIController.h"
+#include "zelnor/documents/clsSectionIRHeader.h"
+#include "zelnor/documents/clsSubmission.h"
+#include "zelnor/envelope/clsGovTalkMessage.h"
+#include "zelnor/envelope/clsSHA1.h"
+#include "zelnor/platform/files.h"
+#include "zelnor/platform/host.h"
+
+namespace zelnor {
+namespace {
+
+constexpr std::string_view kClass = "clsRTIController";
+constexpr const char* kDefaultFolder = "\\xml\\";
+
+String Count(std::int64_t number) { return Format(number, "#,##0"); }
+
+std::int64_t Now() { return CurrentHost()->Tick(); }
+
+}  // namespace
+
+SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
+  auto result = SUBMISSION_RESULT::Successful;
+  try {
+    submission_saved_ = false;
+    if (log_this_session_) Required(log_).SetSubmissionType(SubmissionType());
+    const std::int64_t start = Now();
+    if (!validation_required_) {
+      Log("Validation is disabled. Commencing build...");
+    } else if (Validate()) {
+      Log("Submission validated successfully.");
+    } else {
+      Log("Validation failed.");
+      result = SUBMISSION_RESULT::FailedValidation;
+    }
+    clsGovTalkMessage& message = Required(mobjGovTalkMessage);
+    if (!message.SubmissionDocument()->Header()->HasDocIRMarkValue()) {
+      clsSHA1().MarkSubmission(message);
+      message.ForceRebuild();
+    }
+    const XmlDocument document = message.Document();
+    document.ValidateOnParse(false);
+    document.ResolveExternals(false);
+    document.PreserveWhiteSpace(false);
+    if (log_this_session_) {
+      const XmlNode logged = Required(log_).Submission();
+      logged.AppendChild(logged.OwnerDocument().ImportNode(document.DocumentElement(), true));
+    }
+    const std::int64_t generated = Now();
+    Log("Submission generation completed in " + Count(generated - start) + " milliseconds");
+    const String path = PathToSave(strFilepath);
+    document.Save(path);
+    submission_saved_ = true;
+    submission_file_path_ = path;
+    Log("Submission saved to file " + path);
+    Log("Submission save completed in " + Count(Now() - generated) + " milliseconds");
+    Log("Total process completed in " + Count(Now() - start) + " milliseconds");
+    SaveLog();
+  } catch (...) {
+    const RuntimeError error = CurrentError();
+    ReportError(error, kClass, "Function SaveSubmission");
+    result = SUBMISSION_RESULT::UnknownError;
+    if (log_this_session_ && log_) {
+      log_->AddTimingRecord("An error occurred while attempting to save the submission: " +
+                            error.Description());
+      log_->Save();
+    }
+  }
+  return result;
+}
+
+// The file to write: as given; or, for an empty path, in the folder of the settings; in a folder, with a name
+// made of class, date and time. Its folder is made.
+String clsRTIController::PathToSave(const String& strFilepath) {
+  String path = strFilepath;
+  if (path.empty()) {
+    alsAppSettings settings;
+    path = settings.ReadSetting("XMLFilePath");
+    if (path.empty()) {
+      path = kDefaultFolder;
+      settings.SetSetting("XMLFilePath", path);
+    }
+    path = ResolveProgramPath(path);
+  }
+  CreateFolder(path);
+  if (GetFileName(path).empty()) {
+    path += Submission()->Class() + Format(CurrentHost()->Now(), "yyyyMmDd HhNnSs") + ".xml";
+  }
+  return path;
+}
+
+void clsRTIController::OpenSubmissionFile(const String& strApplicationPath) {
+  Handled(kClass, "Sub OpenSubmissionFile",
+          [&] { CurrentHost()->OpenFile(strApplicationPath, submission_file_path_); });
+}
+
+}  // namespace zelnor
