@@ -197,8 +197,9 @@ class ZELNOR_API clsSectionEPS : public Record {
 
  private:
   void RequireNoPaymentForPeriod(const char* member) const;
+  void ReadChild(const XmlNode& child);
   void ReadStateAid(const XmlNode& xmlNode);
-  void WriteStateAid(const XmlNode& xmlSection) const;
+  void WriteStateAid(Element& section) const;
 
   Ref<clsEmployerReferences> employer_references_;
   Ref<clsPaymentForPeriod> payment_for_period_;

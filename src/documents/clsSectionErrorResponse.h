@@ -38,7 +38,7 @@ class ZELNOR_API clsSectionErrorResponse : public Record {
   /// "ERROR".
   String Class() const;
 
-  /// The errors, in document order; made when absent.
+  /// The errors, in document order.
   CollectionRef<clsGTMGovTalkError> Errors();
 
   /// The number of errors.
@@ -64,6 +64,7 @@ class ZELNOR_API clsSectionErrorResponse : public Record {
   ZELNOR_INTERNAL XmlNode ToXML(const XmlNode& xmlParent);
 
  private:
+  void ReadError(const XmlNode& child);
   void Append(const Ref<clsGTMGovTalkError>& objError);
 
   CollectionRef<clsGTMGovTalkError> errors_;

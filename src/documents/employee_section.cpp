@@ -63,6 +63,20 @@ void EmployeeSection::AutoCompressionLimit(Long value) { auto_compression_limit_
 
 Ref<clsCompressedEmployees> EmployeeSection::CompressedPart() const { return compressed_part_; }
 
+void EmployeeSection::CountByStatus(eEMPLOYEE_STATUS status, Long& fresh, Long& current, Long& leavers) {
+  switch (status) {
+    case eEMPLOYEE_STATUS::eesNew:
+      ++fresh;
+      break;
+    case eEMPLOYEE_STATUS::eesCurrent:
+      ++current;
+      break;
+    case eEMPLOYEE_STATUS::eesLeaver:
+      ++leavers;
+      break;
+  }
+}
+
 void EmployeeSection::ClearEmployees() {
   employer_references_ = std::make_shared<clsEmployerReferences>();
   employees_ = MakeCollection<clsEmployee>();

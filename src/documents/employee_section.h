@@ -1,5 +1,6 @@
 #pragma once
 
+#include "zelnor/common/enumerations.h"
 #include "zelnor/common/record.h"
 #include "zelnor/platform/event.h"
 
@@ -75,6 +76,9 @@ class ZELNOR_API EmployeeSection : public Record {
 
   /// The name under which failures are shown.
   virtual String ClassName() const = 0;
+
+  /// Adds an employment of this status to its count.
+  static void CountByStatus(eEMPLOYEE_STATUS status, Long& fresh, Long& current, Long& leavers);
 
   /// Appends an employee and clears its `Validated`.
   void Append(const Ref<clsEmployee>& objEmployee);

@@ -59,20 +59,6 @@ Currency EmployeesNI(const Paid& each) {
   return sum;
 }
 
-void CountByStatus(eEMPLOYEE_STATUS status, Long& fresh, Long& current, Long& leaver) {
-  switch (status) {
-    case eEMPLOYEE_STATUS::eesNew:
-      ++fresh;
-      break;
-    case eEMPLOYEE_STATUS::eesCurrent:
-      ++current;
-      break;
-    case eEMPLOYEE_STATUS::eesLeaver:
-      ++leaver;
-      break;
-  }
-}
-
 }  // namespace
 
 String PaidSection::TaxYear() const { return tax_year_; }
