@@ -254,7 +254,8 @@ void clsRTIController::SubmissionType(eRTISUBMISSIONTYPE value) {
 Integer clsRTIController::AutoCompressionLimit() {
   Integer result = 0;
   Handled(kClass, "Get AutoCompressionLimit", [&] {
-    result = ToInteger(double{Required(mobjGovTalkMessage).SubmissionDocument()->AutoCompressionLimit()});
+    result = ToInteger(
+        static_cast<double>(Required(mobjGovTalkMessage).SubmissionDocument()->AutoCompressionLimit()));
   });
   return result;
 }
