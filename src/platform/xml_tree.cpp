@@ -163,10 +163,23 @@ xmlNode* Tree::NewElement(std::string_view name, xmlNs* ns) {
   return node;
 }
 
+// A short text lies within its node, as libxml2's own parser lays it with XML_PARSE_COMPACT: most texts are
+// short.
 xmlNode* Tree::NewText(std::string_view text) {
-  xmlNode* node =
-      xmlNewDocTextLen(doc_, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
+  xmlNode* node = xmlNewDocText(doc_, nullptr);
   if (node == nullptr) throw std::bad_alloc();
+  if (text.size() < 2 * sizeof(void*)) {
+    auto* within = reinterpret_cast<xmlChar*>(&node->properties);
+    std::memcpy(within, text.data(), text.size());
+    within[text.size()] = 0;
+    node->content = within;
+    return node;
+  }
+  node->content = xmlStrndup(reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
+  if (node->content == nullptr) {
+    xmlFreeNode(node);
+    throw std::bad_alloc();
+  }
   return node;
 }
 
