@@ -320,8 +320,8 @@ class ZELNOR_API XmlNode::ChildRange {
   XmlNode first_;
 };
 
-/// Schema documents by target namespace. An `import` inside a schema is answered from the collection by its
-/// namespace, whatever its schemaLocation says; nothing is fetched.
+/// Schema documents by target namespace, compiled at the first validation. An `import` inside a schema is
+/// answered from the collection by its namespace, whatever its schemaLocation says; nothing is fetched.
 class ZELNOR_API XmlSchemaCollection {
  public:
   XmlSchemaCollection();
@@ -336,7 +336,7 @@ class ZELNOR_API XmlSchemaCollection {
   Long Length() const;
 
   struct Data;
-  const Data& DataOf() const { return *data_; }
+  Data& DataOf() const { return *data_; }
 
  private:
   std::unique_ptr<Data> data_;

@@ -12,9 +12,12 @@
 
 namespace zelnor {
 
-/// Schema texts by namespace.
+using CompiledSchema = std::unique_ptr<xmlSchema, decltype(&xmlSchemaFree)>;
+
+/// Schema texts by namespace, and what they were compiled to at the first validation.
 struct XmlSchemaCollection::Data {
   std::map<String, String> texts;
+  CompiledSchema compiled{nullptr, xmlSchemaFree};
 };
 
 namespace {
@@ -132,9 +135,49 @@ XmlSchemaCollection::~XmlSchemaCollection() = default;
 void XmlSchemaCollection::Add(std::string_view namespace_uri, const XmlDocument& schema) {
   if (!schema.DocumentElement()) ThrowInvalidArgument();
   data_->texts[String(namespace_uri)] = schema.DocumentElement().Xml();
+  data_->compiled = nullptr;
 }
 
 Long XmlSchemaCollection::Length() const { return static_cast<Long>(data_->texts.size()); }
+
+namespace {
+
+// The texts with their imports pointed to one another.
+std::map<String, String> LinkedTexts(const std::map<String, String>& texts) {
+  std::map<String, XmlDocument> parsed;
+  std::map<String, XmlNode> known;
+  for (const auto& [uri, text] : texts) {
+    const XmlDocument schema;
+    schema.LoadXML(text);
+    known.emplace(uri, schema.DocumentElement());
+    parsed.emplace(uri, schema);
+  }
+  std::map<String, String> linked;
+  for (const auto& [uri, schema] : parsed) linked.emplace(uri, Rewritten(schema, known));
+  return linked;
+}
+
+// Compiles all schemas of a collection into one; an empty pointer, with the error kept, when one of them is
+// not usable.
+CompiledSchema Compile(const std::map<String, String>& collected, FirstError& first) {
+  RegisterScheme();
+  const std::map<String, String> texts = LinkedTexts(collected);
+  const CurrentTexts scope(texts);
+  const String driver = Driver(texts);
+  const std::unique_ptr<xmlSchemaParserCtxt, decltype(&xmlSchemaFreeParserCtxt)> parser(
+      xmlSchemaNewMemParserCtxt(driver.data(), static_cast<int>(driver.size())), xmlSchemaFreeParserCtxt);
+  if (parser == nullptr) throw std::bad_alloc();
+  xmlSchemaSetParserStructuredErrors(parser.get(), KeepFirst, &first);
+  CompiledSchema schema(xmlSchemaParse(parser.get()), xmlSchemaFree);
+  first.node = nullptr;  // it would lie in a schema
+  if (schema == nullptr && first.code == 0)
+    first = {XML_ERR_INTERNAL_ERROR, "It could not be read.\n", nullptr};
+  if (first.code == 0) return schema;
+  first.reason = "A schema is not usable: " + first.reason;
+  return {nullptr, xmlSchemaFree};
+}
+
+}  // namespace
 
 bool XmlDocument::Validate() const {
   if (!state_) ThrowObjectNotSet();
@@ -145,36 +188,15 @@ bool XmlDocument::Validate() const {
                   {XML_ERR_DOCUMENT_EMPTY, "There is no document, or no schema, to validate.\n", nullptr});
     return false;
   }
-  RegisterScheme();
-  std::map<String, XmlNode> known;
-  std::map<String, XmlDocument> parsed;
-  for (const auto& [uri, text] : state_->schemas->DataOf().texts) {
-    XmlDocument schema;
-    schema.LoadXML(text);
-    known.emplace(uri, schema.DocumentElement());
-    parsed.emplace(uri, schema);
-  }
-  std::map<String, String> texts;
-  for (const auto& [uri, schema] : parsed) texts.emplace(uri, Rewritten(schema, known));
-  const CurrentTexts scope(texts);
-  const String driver = Driver(texts);
-
   FirstError first;
-  const std::unique_ptr<xmlSchemaParserCtxt, decltype(&xmlSchemaFreeParserCtxt)> parser(
-      xmlSchemaNewMemParserCtxt(driver.data(), static_cast<int>(driver.size())), xmlSchemaFreeParserCtxt);
-  if (parser == nullptr) throw std::bad_alloc();
-  xmlSchemaSetParserStructuredErrors(parser.get(), KeepFirst, &first);
-  const std::unique_ptr<xmlSchema, decltype(&xmlSchemaFree)> schema(xmlSchemaParse(parser.get()),
-                                                                    xmlSchemaFree);
-  if (schema == nullptr || first.code != 0) {
-    first.node = nullptr;  // it would lie in the schema
-    if (first.code == 0) first = {XML_ERR_INTERNAL_ERROR, "The schemas could not be read.\n", nullptr};
-    first.reason = "A schema is not usable: " + first.reason;
+  XmlSchemaCollection::Data& schemas = state_->schemas->DataOf();
+  if (schemas.compiled == nullptr) schemas.compiled = Compile(schemas.texts, first);
+  if (schemas.compiled == nullptr) {
     ReportInvalid(error, first);
     return false;
   }
   const std::unique_ptr<xmlSchemaValidCtxt, decltype(&xmlSchemaFreeValidCtxt)> validator(
-      xmlSchemaNewValidCtxt(schema.get()), xmlSchemaFreeValidCtxt);
+      xmlSchemaNewValidCtxt(schemas.compiled.get()), xmlSchemaFreeValidCtxt);
   if (validator == nullptr) throw std::bad_alloc();
   xmlSchemaSetValidStructuredErrors(validator.get(), KeepFirst, &first);
   const int outcome = xmlSchemaValidateDoc(validator.get(), state_->tree->Doc());

@@ -1,5 +1,5 @@
 #include "floors/include_check.h"
-#include "temporary_folder.h"
+#include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing_tools::TemporaryFolder;
+using TemporaryFolder;
 
 const std::filesystem::path kSources = ZELNOR_SOURCE_DIR "/src";
 

@@ -17,9 +17,9 @@
 #include <thread>
 #include <unistd.h>
 
-#include "child_process.h"
-#include "scoped_environment.h"
-#include "temporary_folder.h"
+#include "support/child_process.h"
+#include "support/scoped_environment.h"
+#include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,10 +27,10 @@ namespace zelnor {
 namespace {
 
 using testing::UnorderedElementsAre;
-using testing_tools::BecomeNobody;
-using testing_tools::ResultInChild;
-using testing_tools::ScopedEnvironment;
-using testing_tools::TemporaryFolder;
+using BecomeNobody;
+using ResultInChild;
+using ScopedEnvironment;
+using TemporaryFolder;
 
 /// The number of the error that the body raises; 0 when it raises none.
 template <class Body>

@@ -18,8 +18,8 @@
 #include <unistd.h>
 #include <vector>
 
-#include "scoped_environment.h"
-#include "temporary_folder.h"
+#include "support/scoped_environment.h"
+#include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -28,8 +28,8 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
-using testing_tools::ScopedEnvironment;
-using testing_tools::TemporaryFolder;
+using ScopedEnvironment;
+using TemporaryFolder;
 
 // ---- messages
 

@@ -8,18 +8,18 @@
 #include <memory>
 #include <sys/stat.h>
 
-#include "child_process.h"
-#include "scoped_environment.h"
-#include "temporary_folder.h"
+#include "support/child_process.h"
+#include "support/scoped_environment.h"
+#include "support/temporary_folder.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using testing_tools::BecomeNobody;
-using testing_tools::ResultInChild;
-using testing_tools::ScopedEnvironment;
-using testing_tools::TemporaryFolder;
+using BecomeNobody;
+using ResultInChild;
+using ScopedEnvironment;
+using TemporaryFolder;
 
 int ErrorOf(const std::function<void()>& body) {
   try {

@@ -7,6 +7,9 @@
 namespace zelnor::test {
 namespace {
 
+constexpr const char* kSubmissionNamespace =
+    "http://www.govtalk.gov.uk/taxation/PAYE/RTI/FullPaymentSubmission/25-26/1";
+
 [[noreturn]] void Refuse(const std::string& where, const std::string& why) {
   throw std::runtime_error(where + ": " + why);
 }
@@ -61,6 +64,7 @@ constexpr Shape kShapes[] = {
     {"as-is", 1, 1, 0}, {"remove", 2, 2, 0}, {"duplicate", 2, 2, 0}, {"repeat", 3, 3, 0},
     {"swap", 2, 2, 0},  {"rename", 3, 3, 0}, {"text", 3, kAny, 2},   {"attribute", 4, kAny, 3},
     {"drop", 3, 3, 0},  {"append", 3, 4, 0}, {"before", 3, 4, 0},    {"foreign", 2, 2, 0},
+    {"known", 2, 2, 0}, {"stray", 3, 3, 0},
 };
 
 const Shape& ShapeOf(const MutationStep& step, const std::string& where) {
@@ -166,6 +170,10 @@ void ApplyStep(const MutationStep& step, const XmlDocument& document, const std:
     element.AppendChild(NewElement(element, step[2], step.size() > 3 ? step[3] : ""));
   } else if (operation == "before") {
     element.ParentNode().InsertBefore(NewElement(element, step[2], step.size() > 3 ? step[3] : ""), element);
+  } else if (operation == "stray") {
+    element.AppendChild(document.CreateTextNode(step[2]));
+  } else if (operation == "known") {
+    element.AppendElement("IRheader", kSubmissionNamespace);
   } else {
     element.AppendElement("extra", "urn:example:extra");
   }

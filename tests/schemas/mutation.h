@@ -30,7 +30,9 @@
 /// | drop ADDRESS NAME              | takes an attribute away                                               |
 /// | append ADDRESS NAME [VALUE]    | adds a child of the same namespace at its end                         |
 /// | before ADDRESS NAME [VALUE]    | puts an element of the same namespace before it                       |
-/// | foreign ADDRESS                | adds a child of another namespace at its end                          |
+/// | foreign ADDRESS                | adds a child of a namespace at its end that no schema knows           |
+/// | known ADDRESS                  | adds a child that the submission's schema knows and refuses           |
+/// | stray ADDRESS TEXT             | adds a text at its end                                                |
 
 #include "zelnor/platform/xml.h"
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace zelnor::testing_tools {
+namespace zelnor::test {
 
 class ScopedEnvironment {
  public:
@@ -33,4 +33,4 @@ class ScopedEnvironment {
   std::optional<std::string> before_;
 };
 
-}  // namespace zelnor::testing_tools
+}  // namespace zelnor::test

@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace zelnor::testing_tools {
+namespace zelnor::test {
 
 /// The number (0 to 199) that `body` returned in the child; 200 when it threw, 201 when the child was killed,
 /// 202 when it could not be started.
@@ -36,4 +36,4 @@ inline bool BecomeNobody() {
   return setgid(kNobody) == 0 && setuid(kNobody) == 0;
 }
 
-}  // namespace zelnor::testing_tools
+}  // namespace zelnor::test

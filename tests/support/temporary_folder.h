@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace zelnor::testing_tools {
+namespace zelnor::test {
 
 class TemporaryFolder {
  public:
@@ -55,4 +55,4 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-}  // namespace zelnor::testing_tools
+}  // namespace zelnor::test

@@ -1,0 +1,306 @@
+// The program as a user runs it: its standard output and error, its exit status, and what it leaves on the
+// disk.
+
+#include "zelnor/platform/files.h"
+#include "zelnor/platform/xml.h"
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "support/temporary_folder.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace zelnor::test {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+struct Outcome {
+  int status = -1;
+  String out;
+  String err;
+};
+
+class CliTest : public testing::Test {
+ protected:
+  // Runs the program through a shell with its streams in files.
+  Outcome Run(const String& arguments, const String& before = {}) const {
+    const String command = before + " '" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + arguments +
+                           " >'" + folder_.At("out.txt") + "' 2>'" + folder_.At("err.txt") + "'";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder_.Get("out.txt"), folder_.Get("err.txt")};
+  }
+
+  // What the program leaves in the settings, as text of the file.
+  String Settings() const { return folder_.Get("home/rti.config"); }
+
+  String Input(const String& text) const { return "'" + folder_.Put("in.xml", text) + "'"; }
+
+  static String Quoted(const String& path) { return "'" + path + "'"; }
+
+  static String SamplePath() { return ZELNOR_SOURCE_DIR "/samples/FPS-25-26.xml"; }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(CliTest, ShowTellsWhatADocumentIs) {
+  const Outcome run = Run("show --json " + Quoted(SamplePath()));
+  ASSERT_EQ(run.status, 0) << run.err;
+  const json shown = json::parse(run.out);
+  EXPECT_EQ(shown["type"], "FPS");
+  EXPECT_EQ(shown["class"], "HMRC-PAYE-RTI-FPS");
+  EXPECT_EQ(shown["tax_year"], "25-26");
+  EXPECT_EQ(shown["irmark"], "");
+  const XmlDocument sample;
+  ASSERT_TRUE(sample.Load(SamplePath()));
+  const auto text = [&](const String& name) { return sample.GetElementsByTagName(name).front().Text(); };
+  EXPECT_EQ(shown["employer"]["office"], text("OfficeNo"));
+  EXPECT_EQ(shown["employer"]["paye_ref"], text("PayeRef"));
+  EXPECT_EQ(shown["employer"]["ao_ref"], text("AORef"));
+  EXPECT_EQ(shown["employees"], sample.GetElementsByTagName("Employee").size());
+  double tax = 0;
+  for (const XmlNode& each : sample.GetElementsByTagName("TaxDeductedOrRefunded"))
+    tax += std::stod(each.Text());
+  EXPECT_NEAR(std::stod(shown["totals"]["tax"].get<String>()), tax, 0.001);
+  EXPECT_EQ(run.err, "");
+}
+
+TEST_F(CliTest, ShowSpeaksToPeopleToo) {
+  const Outcome run = Run("show " + Quoted(SamplePath()));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, HasSubstr("Full Payment Submission (FPS)"));
+  EXPECT_THAT(run.out, HasSubstr("Tax year"));
+}
+
+TEST_F(CliTest, SaveMarksAndSaves) {
+  const String out = folder_.At("out put/\xC3\xA9tude.xml");
+  const Outcome run = Run("save --json " + Quoted(SamplePath()) + " " + Quoted(out));
+  ASSERT_EQ(run.status, 0) << run.err;
+  const json saved = json::parse(run.out);
+  EXPECT_EQ(saved["result"], "Successful");
+  EXPECT_EQ(saved["path"], out);
+  EXPECT_EQ(saved["irmark"]["base64"].get<String>().size(), 28U);
+  EXPECT_EQ(saved["irmark"]["base32"].get<String>().size(), 32U);
+  struct stat status {};
+  ASSERT_EQ(stat(out.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0600U);
+  XmlDocument log;
+  EXPECT_TRUE(log.Load(saved["log"].get<String>()));
+  const Outcome mark = Run("irmark --json " + Quoted(out));
+  EXPECT_EQ(json::parse(mark.out), saved["irmark"]);
+  const Outcome shown = Run("show --json " + Quoted(out));
+  EXPECT_EQ(json::parse(shown.out)["irmark"], saved["irmark"]["base64"]);
+}
+
+TEST_F(CliTest, SaveIntoAFolderNamesTheFile) {
+  const Outcome run = Run("save --json " + Quoted(SamplePath()) + " " + Quoted(folder_.At("out") + "/"));
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(json::parse(run.out)["path"].get<String>(),
+              testing::ContainsRegex("/out/HMRC-PAYE-RTI-FPS[0-9]{8} [0-9]{6}\\.xml$"));
+}
+
+TEST_F(CliTest, SaveRefusesAFolderWithoutASeparator) {
+  const Outcome run = Run("save " + Quoted(SamplePath()) + " " + Quoted(folder_.Path()));
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("is a folder"));
+}
+
+TEST_F(CliTest, SavingDropsAnOldMarkAndMakesItAnew) {
+  const String one = folder_.At("one.xml");
+  Run("save " + Quoted(SamplePath()) + " " + Quoted(one));
+  String text = folder_.Get("one.xml");
+  const std::size_t at = text.find("<IRmark Type=\"generic\">") + 23;
+  text.replace(at, 4, "XXXX");
+  const Outcome run = Run("save --json " + Input(text) + " " + Quoted(folder_.At("two.xml")));
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(folder_.Get("two.xml"), folder_.Get("one.xml"));
+}
+
+TEST_F(CliTest, SettingsAreAsTheyWereAfterwards) {
+  Run("save " + Quoted(SamplePath()) + " " + Quoted(folder_.At("one.xml")));
+  const String before = Settings();
+  EXPECT_THAT(before, HasSubstr("<ValidationRequired>True</ValidationRequired>"));
+  Run("save --no-validation " + Quoted(SamplePath()) + " " + Quoted(folder_.At("two.xml")));
+  EXPECT_EQ(Settings(), before);
+  Run("save --no-validation /nowhere/at-all.xml " + Quoted(folder_.At("three.xml")));
+  EXPECT_EQ(Settings(), before);
+}
+
+TEST_F(CliTest, ReadsStandardInput) {
+  const Outcome run = Run("show --json - < " + Quoted(SamplePath()));
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(json::parse(run.out)["type"], "FPS");
+  const Outcome piped = Run("show --json -", "cat " + Quoted(SamplePath()) + " |");
+  EXPECT_EQ(piped.out, run.out);
+}
+
+TEST_F(CliTest, TakesRelativePaths) {
+  const Outcome run =
+      Run("save in.xml out/here.xml", "cp " + Quoted(SamplePath()) + " " + Quoted(folder_.At("in.xml")) +
+                                          " && cd " + Quoted(folder_.Path()) + " &&");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(folder_.Get("out/here.xml"), "");
+}
+
+TEST_F(CliTest, WrongUsageIsTwo) {
+  EXPECT_EQ(Run("").status, 2);
+  EXPECT_EQ(Run("nonsense").status, 2);
+  EXPECT_EQ(Run("show").status, 2);
+  EXPECT_EQ(Run("save --today yesterday a b").status, 2);
+  EXPECT_EQ(Run("save --compress --plain a b").status, 2);
+  const Outcome run = Run("--json show");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_TRUE(json::parse(run.out).contains("error"));
+}
+
+TEST_F(CliTest, HelpNamesEveryCommand) {
+  const Outcome run = Run("--help");
+  EXPECT_EQ(run.status, 0);
+  for (const char* word : {"show", "irmark", "save", "--home", "--json", "Exit status"}) {
+    EXPECT_THAT(run.out, HasSubstr(word));
+  }
+}
+
+struct BadInput {
+  const char* name;
+  String text;
+  const char* told;
+};
+
+class UnreadableInput : public CliTest, public testing::WithParamInterface<BadInput> {};
+
+TEST_P(UnreadableInput, IsThreeAndSaysWhereAndWhat) {
+  const String file = Input(GetParam().text);
+  for (const char* command : {"show ", "irmark ", "save "}) {
+    const Outcome run = Run(command + file +
+                            (String(command) == "save " ? " " + Quoted(folder_.At("result.xml")) : String()));
+    EXPECT_EQ(run.status, 3) << command;
+    EXPECT_EQ(run.out, "");
+    EXPECT_THAT(run.err, HasSubstr(folder_.At("in.xml"))) << command;
+    EXPECT_THAT(run.err, HasSubstr(GetParam().told)) << command;
+    EXPECT_LT(run.err.size(), 2000U);
+  }
+  EXPECT_EQ(folder_.Get("result.xml"), "");
+  const Outcome run = Run("show --json " + file);
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(json::parse(run.out)["error"].get<String>(), HasSubstr(GetParam().told));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cli, UnreadableInput,
+    testing::Values(
+        BadInput{"notXml", "Dear HMRC, all is well.", "line 1"}, BadInput{"empty", "", "empty"},
+        BadInput{"cutShort", "<GovTalkMessage>\n<Body>\n<IRenvelope>", "line 3"},
+        BadInput{"anotherRoot", "<Payroll/>", "the root element is <Payroll>"},
+        BadInput{"wrongNamespace", "<GovTalkMessage xmlns=\"urn:else\"/>", "of the namespace \"urn:else\""},
+        BadInput{"prefixed", "<g:GovTalkMessage xmlns:g=\"http://www.govtalk.gov.uk/CM/envelope\"/>",
+                 "without a prefix"},
+        BadInput{"invalidUtf8", "<GovTalkMessage>\xC3\x28</GovTalkMessage>", "line 1"},
+        BadInput{"tooDeep",
+                 [] {
+                   String text;
+                   for (int i = 0; i < 200000; ++i) text += "<GovTalkMessage>";
+                   return text;
+                 }(),
+                 "deeper than 2048 levels"},
+        BadInput{"externalEntity",
+                 "<!DOCTYPE GovTalkMessage [<!ENTITY x SYSTEM \"file:///etc/hostname\">]><GovTalkMessage>&x;"
+                 "</GovTalkMessage>",
+                 "external entity"},
+        BadInput{"entityExpansion",
+                 [] {
+                   String text = "<!DOCTYPE GovTalkMessage [<!ENTITY e0 \"0123456789\">";
+                   for (int i = 1; i < 12; ++i) {
+                     text += "<!ENTITY e" + std::to_string(i) + " \"";
+                     for (int k = 0; k < 10; ++k) text += "&e" + std::to_string(i - 1) + ";";
+                     text += "\">";
+                   }
+                   return text + "]><GovTalkMessage>&e11;</GovTalkMessage>";
+                 }(),
+                 "ntity"}),
+    [](const auto& info) { return String(info.param.name); });
+
+TEST_F(CliTest, AMissingFileAndAFolderAreUnreadable) {
+  Outcome run = Run("show " + Quoted(folder_.At("none.xml")));
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, HasSubstr("No such file"));
+  run = Run("show " + Quoted(folder_.Path()));
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, HasSubstr("folder"));
+}
+
+TEST_F(CliTest, ThreeHundredMegabytesAreRefused) {
+  const String path = folder_.Put("big.xml", "<GovTalkMessage>");
+  ASSERT_EQ(truncate(path.c_str(), 300LL * 1024 * 1024), 0);
+  const Outcome run = Run("show " + Quoted(path));
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, HasSubstr("larger than 256 MB"));
+}
+
+TEST_F(CliTest, TwoHundredMegabytesAreRead) {
+  String text = "<GovTalkMessage xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><Header/><!--";
+  text.append(200ULL * 1024 * 1024, 'x');
+  text += "--><Body/></GovTalkMessage>";
+  const Outcome run = Run("show --json " + Input(text));
+  EXPECT_EQ(run.status, 0) << run.err.substr(0, 500);
+  EXPECT_EQ(json::parse(run.out)["type"], "UNK");
+}
+
+TEST_F(CliTest, TwoThousandLevelsAreRead) {
+  String text = "<GovTalkMessage><Body>";
+  for (int i = 0; i < 2040; ++i) text += "<a>";
+  for (int i = 0; i < 2040; ++i) text += "</a>";
+  const Outcome run = Run("show --json " + Input(text + "</Body></GovTalkMessage>"));
+  EXPECT_EQ(run.status, 0) << run.err.substr(0, 500);
+}
+
+TEST_F(CliTest, AnAmountThatIsNoneIsToldAndTheRestIsThere) {
+  String text = ReadFile(SamplePath());
+  const std::size_t at = text.find("<TaxablePay>") + 12;
+  text.replace(at, text.find('<', at) - at, "lots");
+  const Outcome run = Run("show --json " + Input(text));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.err, HasSubstr("Error 13 - Type mismatch"));
+  EXPECT_GT(json::parse(run.out)["employees"].get<int>(), 5);
+}
+
+TEST_F(CliTest, AHomeWithoutSchemasWarnsOnceAndWritesNoNamespace) {
+  folder_.Put("home/rti.config", "<Config><Settings/></Config>");
+  const Outcome run = Run("save " + Quoted(SamplePath()) + " " + Quoted(folder_.At("out.xml")));
+  EXPECT_EQ(run.status, 0);
+  const String warning = "Could not locate schema to retrieve Namespaces from!";
+  EXPECT_THAT(run.err, HasSubstr(warning));
+  EXPECT_EQ(run.err.find(warning, run.err.find(warning) + 1), String::npos);
+  EXPECT_EQ(folder_.Get("out.xml").find("xmlns"), String::npos);
+}
+
+TEST_F(CliTest, ABrokenSettingsFileIsTold) {
+  folder_.Put("home/rti.config", "<Config><Settings>");
+  const Outcome run = Run("show " + Quoted(SamplePath()));
+  EXPECT_THAT(run.err, HasSubstr("alsAppSettings"));
+  EXPECT_EQ(folder_.Get("home/rti.config"), "<Config><Settings>");
+}
+
+TEST_F(CliTest, AFullDiskLeavesTheOldFile) {
+  folder_.Put("out.xml", "old");
+  const Outcome run =
+      Run("save " + Quoted(SamplePath()) + " " + Quoted(folder_.At("out.xml")), "ulimit -f 1; ");
+  EXPECT_EQ(run.status, 15);
+  EXPECT_EQ(folder_.Get("out.xml"), "old");
+}
+
+TEST_F(CliTest, AFileThatMayNotBeWrittenIsTold) {
+  const String out = folder_.Put("out.xml", "old");
+  ASSERT_EQ(chmod(out.c_str(), 0400), 0);
+  const Outcome run = Run("save " + Quoted(SamplePath()) + " " + Quoted(out));
+  EXPECT_EQ(run.status, 15);
+  EXPECT_THAT(run.err, HasSubstr("Error 75"));
+  EXPECT_EQ(folder_.Get("out.xml"), "old");
+}
+
+}  // namespace
+}  // namespace zelnor::test

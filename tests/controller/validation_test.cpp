@@ -1,0 +1,163 @@
+#include "zelnor/documents/clsSectionFPS.h"
+
+#include "controller/controller_fixture.h"
+
+namespace zelnor::test {
+namespace {
+
+using testing::ElementsAre;
+
+struct StatusLine {
+  String stage;
+  String detail;
+  Long percent;
+};
+
+// What a run of Validate shows and logs.
+struct Run {
+  bool result = false;
+  std::vector<StatusLine> status;
+  std::vector<String> lines;
+};
+
+class ValidationTest : public ControllerTest {
+ protected:
+  static Run Validate(clsRTIController& rti) {
+    Run run;
+    rti.events.ControllerStatus.connect([&](const String& stage, const String& detail, Long percent) {
+      run.status.push_back({stage, detail, percent});
+    });
+    run.result = rti.Validate();
+    run.lines = Lines(rti);
+    run.lines.erase(run.lines.begin());  // the line of the construction
+    return run;
+  }
+
+  static std::vector<std::pair<String, Long>> Details(const Run& run) {
+    std::vector<std::pair<String, Long>> details;
+    for (const StatusLine& line : run.status) details.emplace_back(line.detail, line.percent);
+    return details;
+  }
+};
+
+TEST_F(ValidationTest, RunsTheStagesInOrderAndTimesThem) {
+  clsRTIController rti;
+  rti.ReadXML(Sample());
+  const Run run = Validate(rti);
+  EXPECT_TRUE(run.result);
+  EXPECT_THAT(
+      Details(run),
+      ElementsAre(std::pair("Commencing Validation...", 0), std::pair("Validating Envelope...", 1),
+                  std::pair("Envelope Validation Completed", 10), std::pair("Validating Company...", 11),
+                  std::pair("Company Validation completed", 20), std::pair("Validating Employees...", 21),
+                  std::pair("Employee Validation Completed", 75), std::pair("Validating Schema...", 90),
+                  std::pair("Schema Validation Completed", 99), std::pair("Validation successful", 100)));
+  EXPECT_EQ(run.status.front().stage, "Validating data for Full Payment Submission, please wait");
+  const String count = ToText(rti.Submission()->FPS()->EmployeeCount());
+  EXPECT_THAT(
+      run.lines,
+      ElementsAre("Beginning validation...", "Validation commenced at 05/04/2017 10:11:12.",
+                  "Commencing File Validation", "File Validation successful.",
+                  "File Validation completed in 0 milliseconds",
+                  "Envelope Validation completed in 0 milliseconds.", "Commencing Company Validation",
+                  "Company Validation successful.", "Company Validation completed in 0 milliseconds",
+                  "Company Validation completed in 0 milliseconds.", "Commencing Employee Validation",
+                  "Employee Validation successful.", "Employee Validation completed in 0 milliseconds",
+                  "Average Validation processing time per Employee: 0 milliseconds",
+                  "Employees: Checked: " + count + "; Valid: " + count + "; Invalid: 0",
+                  "Employee Validation completed in 0 milliseconds.",
+                  "Schema validation passed successfully.", "Schema Validation completed in 0 milliseconds.",
+                  "Total time to validate: 0 milliseconds.", "Validation completed at 05/04/2017 10:11:12."));
+  EXPECT_EQ(host_->yields, 10);
+}
+
+TEST_F(ValidationTest, TimesAreGroupedAndMeasuredByTheTick) {
+  host_->on_yield = [this] { host_->tick += 600; };
+  clsRTIController rti;
+  const Run run = Validate(rti);
+  EXPECT_THAT(run.lines, testing::Contains("Total time to validate: 5,400 milliseconds."));
+}
+
+TEST_F(ValidationTest, AnEPSRunsThePaymentStageInPlaceOfTheEmployees) {
+  clsRTIController rti;
+  rti.SubmissionType(eRTISUBMISSIONTYPE::IsEPS);
+  const Run run = Validate(rti);
+  EXPECT_THAT(Details(run), testing::IsSupersetOf(
+                                {std::pair(String("Employee Validation Completed"), Long{76}),
+                                 std::pair(String("Payment for Period Validation Completed"), Long{89})}));
+  EXPECT_THAT(run.lines,
+              testing::IsSupersetOf({"Commencing Employer Payment Summary Validation",
+                                     "Employer Payment Summary Validation successful.",
+                                     "Employer Payment Summary Validation completed in 0 milliseconds",
+                                     "Payment for Period Validation completed in 0 milliseconds."}));
+  EXPECT_EQ(run.status.front().stage, "Validating data for Employer Payment Summary, please wait");
+}
+
+TEST_F(ValidationTest, IsTrueAtOnceWhenNotRequired) {
+  clsRTIController rti;
+  rti.ValidationRequired(false);
+  const Run run = Validate(rti);
+  EXPECT_TRUE(run.result);
+  EXPECT_THAT(run.status, testing::IsEmpty());
+  EXPECT_THAT(run.lines, testing::IsEmpty());
+}
+
+TEST_F(ValidationTest, TellsOfStagesThatAreSwitchedOff) {
+  clsRTIController rti;
+  rti.DoCompanyValidation(false);
+  rti.DoEmployeeValidation(false);
+  rti.DoPaymentValidation(false);
+  rti.DoSchemaValidation(false);
+  const Run run = Validate(rti);
+  EXPECT_TRUE(run.result);
+  EXPECT_THAT(run.lines,
+              testing::IsSupersetOf({"Company Validation is disabled... proceeding with next stage.",
+                                     "Employee Validation is disabled... proceeding with next stage.",
+                                     "Payment Validation is disabled... proceeding with next stage.",
+                                     "Schema Validation is disabled... proceeding with next stage."}));
+  EXPECT_EQ(run.status.back().percent, 100);
+}
+
+TEST_F(ValidationTest, WithoutTheEnvelopeStageTheResultIsFalseAndTheSchemaStageIsSkipped) {
+  clsRTIController rti;
+  rti.DoEnvelopeValidation(false);
+  const Run run = Validate(rti);
+  EXPECT_FALSE(run.result);
+  EXPECT_THAT(run.lines, testing::Contains("Envelope Validation is disabled... proceeding with next stage."));
+  EXPECT_THAT(run.lines, testing::Not(testing::Contains("Schema validation passed successfully.")));
+  EXPECT_EQ(run.status.back().detail, "Validation failed");
+}
+
+TEST_F(ValidationTest, WithoutTheEnvelopeStageAnAllowanceEndsTheRunBehindTheCompanyStage) {
+  clsRTIController rti;
+  rti.DoEnvelopeValidation(false);
+  rti.MaxErrors(3);
+  const Run run = Validate(rti);
+  EXPECT_FALSE(run.result);
+  EXPECT_EQ(run.status.back().detail, "Validating Company...");
+  EXPECT_EQ(run.lines.back(), "Company Validation completed in 0 milliseconds.");
+}
+
+TEST_F(ValidationTest, CopiesTheEnvelopeIntoTheLog) {
+  clsRTIController rti;
+  rti.ReadXML(Sample());
+  rti.Validate();
+  rti.Validate();
+  const XmlNode submission = rti.ProcessingLog()->Submission();
+  EXPECT_EQ(submission.SelectNodes("*").size(), 1U);
+  EXPECT_EQ(submission.FirstChild().NodeName(), "GovTalkMessage");
+}
+
+TEST_F(ValidationTest, EndsWithAReportWhenTheLogIsGone) {
+  clsRTIController rti;
+  rti.LogThisSession(false);
+  EXPECT_FALSE(rti.Validate());
+  ASSERT_EQ(host_->messages.size(), 1U);
+  EXPECT_EQ(
+      host_->messages[0].text,
+      "Error in ZELNOR.dll::clsRTIController: Function Validate: Error 91 - Object variable or With block "
+      "variable not set");
+}
+
+}  // namespace
+}  // namespace zelnor::test
