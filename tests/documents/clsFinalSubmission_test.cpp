@@ -1,17 +1,16 @@
 #include "zelnor/documents/clsFinalSubmission.h"
 
-#include "documents/record_xml.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using record_xml::Parsed;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 
 TEST(clsFinalSubmission, WritesNothingWhenNew) {
   clsFinalSubmission record;
@@ -48,7 +47,7 @@ TEST(clsFinalSubmission, WritesADateBefore1901) {
 }
 
 TEST(clsFinalSubmission, EmptiesTheElementThere) {
-  const XmlNode root = Parsed(
+  const XmlNode root = Root(
       "<P><FinalSubmission><Other/><ForYear>yes</ForYear><BecauseSchemeCeased>yes</BecauseSchemeCeased>"
       "<DateSchemeCeased>2026-03-31</DateSchemeCeased></FinalSubmission></P>");
   clsFinalSubmission record;
@@ -60,9 +59,9 @@ TEST(clsFinalSubmission, EmptiesTheElementThere) {
 
 TEST(clsFinalSubmission, ReadsMarksByPresenceAndTheDateAsPlainText) {
   clsFinalSubmission record;
-  ASSERT_TRUE(Read(record,
-                   "<FinalSubmission><ForYear>no</ForYear><DateSchemeCeased>31/3/2026</DateSchemeCeased>"
-                   "<BecauseSchemeCeased/></FinalSubmission>"));
+  ASSERT_TRUE(ReadInto(record,
+                       "<FinalSubmission><ForYear>no</ForYear><DateSchemeCeased>31/3/2026</DateSchemeCeased>"
+                       "<BecauseSchemeCeased/></FinalSubmission>"));
   EXPECT_TRUE(record.SchemeCeased());
   EXPECT_TRUE(record.FinalForYear());
   EXPECT_EQ(record.DateSchemeCeased(), Date::FromParts(2026, 3, 31));
@@ -72,7 +71,7 @@ TEST(clsFinalSubmission, ReadingClearsAllThreeFields) {
   clsFinalSubmission record;
   record.Create(true, true, Date::FromParts(2026, 3, 31));
   record.Validated(true);
-  ASSERT_TRUE(Read(record, "<FinalSubmission/>"));
+  ASSERT_TRUE(ReadInto(record, "<FinalSubmission/>"));
   EXPECT_FALSE(record.SchemeCeased());
   EXPECT_FALSE(record.FinalForYear());
   EXPECT_TRUE(record.DateSchemeCeased().IsZero());
@@ -82,7 +81,7 @@ TEST(clsFinalSubmission, ReadingClearsAllThreeFields) {
 TEST(clsFinalSubmission, RefusesOtherNamesAndDeclarations) {
   clsFinalSubmission record;
   EXPECT_EQ(record.RootElementName(), "FinalSubmission");
-  EXPECT_FALSE(Read(record, "<Final><ForYear/></Final>"));
+  EXPECT_FALSE(ReadInto(record, "<Final><ForYear/></Final>"));
   const String text = "<FinalSubmission><ForYear>yes</ForYear></FinalSubmission>";
   EXPECT_FALSE(record.ParseFromXML("<?xml version=\"1.0\"?>" + text));
   EXPECT_FALSE(record.ParseFromXML("<FinalSubmission>"));
@@ -95,9 +94,9 @@ TEST(clsFinalSubmission, ReportsATextThatIsNoDate) {
   WithRecordingHost host;
   clsFinalSubmission record;
   EXPECT_FALSE(
-      Read(record,
-           "<FinalSubmission><BecauseSchemeCeased/><DateSchemeCeased>soon</DateSchemeCeased><ForYear/>"
-           "</FinalSubmission>"));
+      ReadInto(record,
+               "<FinalSubmission><BecauseSchemeCeased/><DateSchemeCeased>soon</DateSchemeCeased><ForYear/>"
+               "</FinalSubmission>"));
   EXPECT_TRUE(record.SchemeCeased());
   EXPECT_FALSE(record.FinalForYear());
   ASSERT_EQ(host->messages.size(), 1U);

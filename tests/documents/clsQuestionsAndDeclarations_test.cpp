@@ -1,17 +1,16 @@
 #include "zelnor/documents/clsQuestionsAndDeclarations.h"
 
-#include "documents/record_xml.h"
+#include "support/records.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using record_xml::ChildNames;
-using record_xml::ChildText;
-using record_xml::Parsed;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::ChildNames;
+using test::ChildText;
+using test::ReadInto;
+using test::Root;
+using test::Written;
 
 struct Answer {
   const char* element;
@@ -47,7 +46,7 @@ TEST(clsQuestionsAndDeclarations, WritesAndReadsEachAnswerInItsOwnElement) {
   for (const Answer& answer : kAnswers) {
     Answers record;
     (record.*answer.set)(true);
-    const XmlNode written = record.ToXML(Root());
+    const XmlNode written = record.ToXML(Root("<Parent/>"));
     Answers read;
     ASSERT_TRUE(read.CreateFromXML(written));
     for (const Answer& other : kAnswers) {
@@ -73,8 +72,8 @@ TEST(clsQuestionsAndDeclarations, ReadsYesInAnyCaseAndAnythingElseAsNo) {
   const auto read = [](const String& text) {
     Answers record;
     record.ServiceCompany(true);
-    EXPECT_TRUE(Read(record, "<QuestionsAndDeclarations><ServiceCompany>" + text +
-                                 "</ServiceCompany></QuestionsAndDeclarations>"));
+    EXPECT_TRUE(ReadInto(record, "<QuestionsAndDeclarations><ServiceCompany>" + text +
+                                     "</ServiceCompany></QuestionsAndDeclarations>"));
     return record.ServiceCompany();
   };
   EXPECT_TRUE(read("yes"));
@@ -89,8 +88,8 @@ TEST(clsQuestionsAndDeclarations, ReadingKeepsAnswersThatTheElementLacks) {
   Answers record;
   record.Create(true, true, true, true, true, true);
   record.Validated(true);
-  ASSERT_TRUE(
-      Read(record, "<QuestionsAndDeclarations><P11DFormsDue>no</P11DFormsDue></QuestionsAndDeclarations>"));
+  ASSERT_TRUE(ReadInto(
+      record, "<QuestionsAndDeclarations><P11DFormsDue>no</P11DFormsDue></QuestionsAndDeclarations>"));
   for (const Answer& answer : kAnswers) {
     EXPECT_EQ((record.*answer.get)(), answer.element != String("P11DFormsDue")) << answer.element;
   }
@@ -98,7 +97,7 @@ TEST(clsQuestionsAndDeclarations, ReadingKeepsAnswersThatTheElementLacks) {
 }
 
 TEST(clsQuestionsAndDeclarations, WritesIntoTheElementThereAndKeepsTheRest) {
-  const XmlNode root = Parsed(
+  const XmlNode root = Root(
       "<P><QuestionsAndDeclarations><Other/><ServiceCompany>no</ServiceCompany></QuestionsAndDeclarations></"
       "P>");
   Answers record;
@@ -113,7 +112,7 @@ TEST(clsQuestionsAndDeclarations, WritesIntoTheElementThereAndKeepsTheRest) {
 TEST(clsQuestionsAndDeclarations, RefusesOtherNamesAndDeclarations) {
   Answers record;
   EXPECT_EQ(record.RootElementName(), "QuestionsAndDeclarations");
-  EXPECT_FALSE(Read(record, "<Questions><ServiceCompany>yes</ServiceCompany></Questions>"));
+  EXPECT_FALSE(ReadInto(record, "<Questions><ServiceCompany>yes</ServiceCompany></Questions>"));
   const String text =
       "<QuestionsAndDeclarations><ServiceCompany>yes</ServiceCompany></QuestionsAndDeclarations>";
   EXPECT_FALSE(record.ParseFromXML("<?xml version=\"1.0\"?>" + text));

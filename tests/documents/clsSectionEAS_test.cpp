@@ -2,26 +2,26 @@
 
 #include "zelnor/documents/clsEmployerReferences.h"
 
-#include "documents/payroll.h"
-#include "documents/record_xml.h"
+#include "support/payroll.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using payroll::AddEmployment;
-using payroll::AddPaid;
-using payroll::MakeLeaver;
-using payroll::MakeNew;
-using payroll::NewEmployee;
-using record_xml::ChildNames;
-using record_xml::ChildText;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::AddEmployment;
+using test::AddPaid;
+using test::ChildNames;
+using test::ChildText;
+using test::MakeLeaver;
+using test::MakeNew;
+using test::NewEmployee;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 using testing::ElementsAre;
 
 TEST(clsSectionEAS, HasItsConstants) {
@@ -35,7 +35,7 @@ TEST(clsSectionEAS, IsOnePartWithoutIdentifierUnlessToldOtherwise) {
   clsSectionEAS eas;
   EXPECT_EQ(eas.NumberOfParts(), 1);
   EXPECT_EQ(eas.UniquePartID(), "");
-  const XmlNode written = eas.ToXML(Root());
+  const XmlNode written = eas.ToXML(Root("<Parent/>"));
   EXPECT_EQ(written.NodeName(), "EmployerAlignmentSubmission");
   EXPECT_THAT(ChildNames(written), ElementsAre("EmpRefs", "NumberOfParts"));
   EXPECT_EQ(ChildText(written, "NumberOfParts"), "1");
@@ -46,7 +46,7 @@ TEST(clsSectionEAS, WritesItsElementsInOrder) {
   eas.NumberOfParts(3);
   eas.UniquePartID("EAS-1");
   AddPaid(eas);
-  const XmlNode root = Root();
+  const XmlNode root = Root("<Parent/>");
   const XmlNode written = eas.ToXML(root);
   EXPECT_THAT(ChildNames(written), ElementsAre("EmpRefs", "NumberOfParts", "UniquePartID", "Employee"));
   EXPECT_EQ(ChildText(written, "NumberOfParts"), "3");
@@ -58,15 +58,15 @@ TEST(clsSectionEAS, WritesItsElementsInOrder) {
 TEST(clsSectionEAS, ReadsItsElements) {
   clsSectionEAS eas;
   ASSERT_TRUE(
-      Read(eas,
-           "<EmployerAlignmentSubmission><Employee/><UniquePartID>EAS-1</UniquePartID>"
-           "<NumberOfParts>2</NumberOfParts><EmpRefs><OfficeNo>123</OfficeNo></EmpRefs><RelatedTaxYear/>"
-           "</EmployerAlignmentSubmission>"));
+      ReadInto(eas,
+               "<EmployerAlignmentSubmission><Employee/><UniquePartID>EAS-1</UniquePartID>"
+               "<NumberOfParts>2</NumberOfParts><EmpRefs><OfficeNo>123</OfficeNo></EmpRefs><RelatedTaxYear/>"
+               "</EmployerAlignmentSubmission>"));
   EXPECT_EQ(eas.NumberOfParts(), 2);
   EXPECT_EQ(eas.UniquePartID(), "EAS-1");
   EXPECT_EQ(eas.Employer_References()->OfficeNo(), "123");
   EXPECT_EQ(eas.EmployeeCount(), 1);
-  ASSERT_TRUE(Read(eas, "<EmployerAlignmentSubmission/>"));
+  ASSERT_TRUE(ReadInto(eas, "<EmployerAlignmentSubmission/>"));
   EXPECT_EQ(eas.NumberOfParts(), 1);
   EXPECT_EQ(eas.UniquePartID(), "");
 }
@@ -75,9 +75,9 @@ TEST(clsSectionEAS, ReportsANumberOfPartsThatIsNone) {
   WithRecordingHost host;
   clsSectionEAS eas;
   EXPECT_FALSE(
-      Read(eas,
-           "<EmployerAlignmentSubmission><NumberOfParts>two</NumberOfParts><UniquePartID>x</UniquePartID>"
-           "</EmployerAlignmentSubmission>"));
+      ReadInto(eas,
+               "<EmployerAlignmentSubmission><NumberOfParts>two</NumberOfParts><UniquePartID>x</UniquePartID>"
+               "</EmployerAlignmentSubmission>"));
   EXPECT_EQ(eas.UniquePartID(), "");
   ASSERT_EQ(host->messages.size(), 1U);
   EXPECT_EQ(host->messages[0].text,
@@ -145,11 +145,11 @@ TEST(clsSectionEAS, AChangeClearsValidatedAndAnEqualValueDoesNot) {
 }
 
 TEST(clsSectionEAS, AnyTextOfTheIdentifierComesBack) {
-  for (const String& text : record_xml::AwkwardTexts()) {
+  for (const String& text : test::TextsThatComeBack()) {
     clsSectionEAS first;
     first.UniquePartID(text);
     clsSectionEAS second;
-    ASSERT_TRUE(Read(second, Written(first)));
+    ASSERT_TRUE(ReadInto(second, Written(first)));
     EXPECT_EQ(second.UniquePartID(), text);
   }
 }

@@ -2,22 +2,22 @@
 
 #include "zelnor/documents/clsEmployerReferences.h"
 
-#include "documents/payroll.h"
-#include "documents/record_xml.h"
+#include "support/payroll.h"
+#include "support/records.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using payroll::AddNI;
-using payroll::AddPaid;
-using payroll::NewEmployee;
-using record_xml::ChildNames;
-using record_xml::ChildText;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::AddNI;
+using test::AddPaid;
+using test::ChildNames;
+using test::ChildText;
+using test::NewEmployee;
+using test::ReadInto;
+using test::Root;
+using test::Written;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
@@ -35,7 +35,7 @@ TEST(clsSectionEYU, WritesItsElementsInOrder) {
   eyu.TaxYear("19-20");
   AddPaid(eyu);
   AddPaid(eyu);
-  const XmlNode written = eyu.ToXML(Root());
+  const XmlNode written = eyu.ToXML(Root("<Parent/>"));
   EXPECT_EQ(written.NodeName(), "EarlierYearUpdate");
   EXPECT_THAT(ChildNames(written), ElementsAre("EmpRefs", "RelatedTaxYear", "Employee", "Employee"));
   EXPECT_EQ(ChildText(written.FindChild("EmpRefs"), "OfficeNo"), "123");
@@ -44,26 +44,26 @@ TEST(clsSectionEYU, WritesItsElementsInOrder) {
 
 TEST(clsSectionEYU, WritesReferencesAndTaxYearEvenWhenEmpty) {
   clsSectionEYU eyu;
-  EXPECT_THAT(ChildNames(eyu.ToXML(Root())), ElementsAre("EmpRefs", "RelatedTaxYear"));
+  EXPECT_THAT(ChildNames(eyu.ToXML(Root("<Parent/>"))), ElementsAre("EmpRefs", "RelatedTaxYear"));
 }
 
 TEST(clsSectionEYU, ReadsItsElementsAndNoFinalSubmission) {
   clsSectionEYU eyu;
-  ASSERT_TRUE(Read(eyu,
-                   "<EarlierYearUpdate><RelatedTaxYear>19-20</RelatedTaxYear><FinalSubmission/>"
-                   "<QuestionsAndDeclarations/><Employee/><EmpRefs><OfficeNo>123</OfficeNo></EmpRefs>"
-                   "</EarlierYearUpdate>"));
+  ASSERT_TRUE(ReadInto(eyu,
+                       "<EarlierYearUpdate><RelatedTaxYear>19-20</RelatedTaxYear><FinalSubmission/>"
+                       "<QuestionsAndDeclarations/><Employee/><EmpRefs><OfficeNo>123</OfficeNo></EmpRefs>"
+                       "</EarlierYearUpdate>"));
   EXPECT_EQ(eyu.TaxYear(), "19-20");
   EXPECT_EQ(eyu.Employer_References()->OfficeNo(), "123");
   EXPECT_EQ(eyu.EmployeeCount(), 1);
-  EXPECT_THAT(ChildNames(eyu.ToXML(Root())), ElementsAre("EmpRefs", "RelatedTaxYear", "Employee"));
+  EXPECT_THAT(ChildNames(eyu.ToXML(Root("<Parent/>"))), ElementsAre("EmpRefs", "RelatedTaxYear", "Employee"));
 }
 
 TEST(clsSectionEYU, ReadingKeepsTaxYearAndIdentifier) {
   clsSectionEYU eyu;
   eyu.TaxYear("19-20");
   eyu.PeriodIdentifier(4);
-  ASSERT_TRUE(Read(eyu, "<EarlierYearUpdate/>"));
+  ASSERT_TRUE(ReadInto(eyu, "<EarlierYearUpdate/>"));
   EXPECT_EQ(eyu.TaxYear(), "19-20");
   EXPECT_EQ(eyu.PeriodIdentifier(), 4);
 }
@@ -98,7 +98,7 @@ TEST(clsSectionEYU, CreateStoresItsArguments) {
 TEST(clsSectionEYU, WritesNationalInsuranceInItsOwnSpelling) {
   clsSectionEYU eyu;
   AddNI(AddPaid(eyu), 10, -5)->NICRefund(true);
-  const XmlNode employment = eyu.ToXML(Root()).FindChild("Employee").FindChild("Employment");
+  const XmlNode employment = eyu.ToXML(Root("<Parent/>")).FindChild("Employee").FindChild("Employment");
   ASSERT_TRUE(employment);
   const XmlNode row = employment.FindChild("NIlettersAndValues");
   ASSERT_TRUE(row);

@@ -3,23 +3,23 @@
 #include "zelnor/documents/clsEmployerReferences.h"
 #include "zelnor/documents/clsFinalSubmission.h"
 
-#include "documents/payroll.h"
-#include "documents/record_xml.h"
+#include "support/payroll.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using payroll::AddPaid;
-using payroll::NewEmployee;
-using record_xml::ChildNames;
-using record_xml::ChildText;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::AddPaid;
+using test::ChildNames;
+using test::ChildText;
+using test::NewEmployee;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 using testing::ElementsAre;
 
 TEST(clsSectionFPS, HasItsConstants) {
@@ -36,7 +36,7 @@ TEST(clsSectionFPS, WritesItsElementsInOrder) {
   AddPaid(fps);
   AddPaid(fps);
   fps.Final_Submission()->FinalForYear(true);
-  const XmlNode written = fps.ToXML(Root());
+  const XmlNode written = fps.ToXML(Root("<Parent/>"));
   EXPECT_EQ(written.NodeName(), "FullPaymentSubmission");
   EXPECT_THAT(ChildNames(written),
               ElementsAre("EmpRefs", "RelatedTaxYear", "Employee", "Employee", "FinalSubmission"));
@@ -47,16 +47,16 @@ TEST(clsSectionFPS, WritesItsElementsInOrder) {
 
 TEST(clsSectionFPS, WritesReferencesAndTaxYearEvenWhenEmpty) {
   clsSectionFPS fps;
-  EXPECT_THAT(ChildNames(fps.ToXML(Root())), ElementsAre("EmpRefs", "RelatedTaxYear"));
+  EXPECT_THAT(ChildNames(fps.ToXML(Root("<Parent/>"))), ElementsAre("EmpRefs", "RelatedTaxYear"));
 }
 
 TEST(clsSectionFPS, ReadingTheFinalSubmissionMakesItAndItsElement) {
   clsSectionFPS fps;
   EXPECT_FALSE(fps.HasFinalSubmission());
-  EXPECT_FALSE(fps.ToXML(Root()).FindChild("FinalSubmission"));
+  EXPECT_FALSE(fps.ToXML(Root("<Parent/>")).FindChild("FinalSubmission"));
   EXPECT_TRUE(fps.Final_Submission());
   EXPECT_TRUE(fps.HasFinalSubmission());
-  const XmlNode root = Root();
+  const XmlNode root = Root("<Parent/>");
   EXPECT_EQ(fps.ToXML(root).FindChild("FinalSubmission").Xml(), "<FinalSubmission></FinalSubmission>");
   fps.KillFinalSubmissionInfo();
   EXPECT_FALSE(fps.HasFinalSubmission());
@@ -105,11 +105,11 @@ TEST(clsSectionFPS, IsValidatedWithItsFinalSubmission) {
 
 TEST(clsSectionFPS, ReadsItsElements) {
   clsSectionFPS fps;
-  ASSERT_TRUE(Read(fps,
-                   "<FullPaymentSubmission><FinalSubmission><ForYear>yes</ForYear></FinalSubmission>"
-                   "<Employee><EmployeeDetails><NINO>AB123456C</NINO></EmployeeDetails></Employee>"
-                   "<RelatedTaxYear>25-26</RelatedTaxYear><EmpRefs><OfficeNo>123</OfficeNo></EmpRefs>"
-                   "</FullPaymentSubmission>"));
+  ASSERT_TRUE(ReadInto(fps,
+                       "<FullPaymentSubmission><FinalSubmission><ForYear>yes</ForYear></FinalSubmission>"
+                       "<Employee><EmployeeDetails><NINO>AB123456C</NINO></EmployeeDetails></Employee>"
+                       "<RelatedTaxYear>25-26</RelatedTaxYear><EmpRefs><OfficeNo>123</OfficeNo></EmpRefs>"
+                       "</FullPaymentSubmission>"));
   EXPECT_EQ(fps.Employer_References()->OfficeNo(), "123");
   EXPECT_EQ(fps.TaxYear(), "25-26");
   EXPECT_EQ(fps.EmployeeCount(), 1);
@@ -124,7 +124,7 @@ TEST(clsSectionFPS, ReadingDropsTheFinalSubmissionAndKeepsTheTaxYear) {
   fps.PeriodIdentifier(1);
   fps.MonthIdentifier(2);
   fps.WeekIdentifier(3);
-  ASSERT_TRUE(Read(fps, "<FullPaymentSubmission/>"));
+  ASSERT_TRUE(ReadInto(fps, "<FullPaymentSubmission/>"));
   EXPECT_FALSE(fps.HasFinalSubmission());
   EXPECT_EQ(fps.TaxYear(), "25-26");
   EXPECT_EQ(fps.PeriodIdentifier(), 1);
@@ -160,19 +160,19 @@ TEST(clsSectionFPS, ReadingAgainWhatWasReadAndWrittenChangesNothing) {
   AddPaid(first);
   first.Final_Submission()->SchemeCeased(true);
   clsSectionFPS second;
-  ASSERT_TRUE(Read(second, Written(first)));
+  ASSERT_TRUE(ReadInto(second, Written(first)));
   const String once = Written(second);
   clsSectionFPS third;
-  ASSERT_TRUE(Read(third, once));
+  ASSERT_TRUE(ReadInto(third, once));
   EXPECT_EQ(Written(third), once);
 }
 
 TEST(clsSectionFPS, AnyTextOfTheTaxYearComesBack) {
-  for (const String& text : record_xml::AwkwardTexts()) {
+  for (const String& text : test::TextsThatComeBack()) {
     clsSectionFPS first;
     first.TaxYear(text);
     clsSectionFPS second;
-    ASSERT_TRUE(Read(second, Written(first)));
+    ASSERT_TRUE(ReadInto(second, Written(first)));
     EXPECT_EQ(second.TaxYear(), text);
   }
 }

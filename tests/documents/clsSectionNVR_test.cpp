@@ -4,24 +4,24 @@
 
 #include <functional>
 
-#include "documents/payroll.h"
-#include "documents/record_xml.h"
+#include "support/payroll.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using payroll::AddEmployment;
-using payroll::MakeNew;
-using payroll::NewEmployee;
-using record_xml::ChildNames;
-using record_xml::ChildText;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::AddEmployment;
+using test::ChildNames;
+using test::ChildText;
+using test::MakeNew;
+using test::NewEmployee;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 using testing::ElementsAre;
 
 /// A collection of so many new employees.
@@ -103,7 +103,7 @@ TEST(clsSectionNVR, WritesReferencesAndEmployees) {
   nvr.Employer_References()->OfficeNo("123");
   nvr.AddEmployee(NewEmployee("AB123456C"));
   nvr.AddEmployee(NewEmployee("AB123456D"));
-  const XmlNode written = nvr.ToXML(Root());
+  const XmlNode written = nvr.ToXML(Root("<Parent/>"));
   EXPECT_EQ(written.NodeName(), "NINOverificationRequest");
   EXPECT_THAT(ChildNames(written), ElementsAre("EmpRefs", "Employee", "Employee"));
   EXPECT_EQ(ChildText(written.FindChild("EmpRefs"), "OfficeNo"), "123");
@@ -120,8 +120,8 @@ TEST(clsSectionNVR, WritesThePayIdOfAnEmploymentAlone) {
   MakeNew(employment);
   employment.IrrEmp(true);
   employment.OccPenInd(true);
-  payroll::AddNI(employment, 1, 1);
-  const XmlNode written = nvr.ToXML(Root()).FindChild("Employee");
+  test::AddNI(employment, 1, 1);
+  const XmlNode written = nvr.ToXML(Root("<Parent/>")).FindChild("Employee");
   EXPECT_THAT(ChildNames(written), ElementsAre("EmployeeDetails", "Employment"));
   EXPECT_FALSE(written.FindChild("EmployeeDetails").FindChild("PassportNumber"));
   EXPECT_EQ(written.FindChild("Employment").Xml(), "<Employment><PayId>P7</PayId></Employment>");
@@ -132,14 +132,14 @@ TEST(clsSectionNVR, WritesNinetyNineEmployeesAtMost) {
   clsSectionNVR nvr;
   nvr.Create(std::make_shared<clsEmployerReferences>(), Employees(120));
   EXPECT_EQ(nvr.EmployeeCount(), 120);
-  EXPECT_EQ(ChildNames(nvr.ToXML(Root())).size(), 100U);
+  EXPECT_EQ(ChildNames(nvr.ToXML(Root("<Parent/>"))).size(), 100U);
   EXPECT_TRUE(host->messages.empty());
 }
 
 TEST(clsSectionNVR, ReplacesTheEmployeesOfTheElementThere) {
   clsSectionNVR nvr;
   nvr.AddEmployee(NewEmployee());
-  const XmlNode root = Root();
+  const XmlNode root = Root("<Parent/>");
   nvr.ToXML(root);
   EXPECT_THAT(ChildNames(nvr.ToXML(root)), ElementsAre("EmpRefs", "Employee"));
   EXPECT_EQ(ChildNames(root).size(), 1U);
@@ -166,19 +166,19 @@ TEST(clsSectionNVR, ReadsEveryEmployee) {
   }
   clsSectionNVR nvr;
   nvr.AddEmployee(NewEmployee());
-  ASSERT_TRUE(Read(nvr, text + "</NINOverificationRequest>"));
+  ASSERT_TRUE(ReadInto(nvr, text + "</NINOverificationRequest>"));
   EXPECT_EQ(nvr.Employer_References()->OfficeNo(), "123");
   ASSERT_EQ(nvr.EmployeeCount(), 100);
   EXPECT_EQ(nvr.Employees()->Item(1)->EmployeeDetails()->NINO(), "1");
   EXPECT_EQ(nvr.Employees()->Item(100)->EmployeeDetails()->NINO(), "100");
-  ASSERT_TRUE(Read(nvr, "<NINOverificationRequest/>"));
+  ASSERT_TRUE(ReadInto(nvr, "<NINOverificationRequest/>"));
   EXPECT_EQ(nvr.EmployeeCount(), 0);
   EXPECT_EQ(nvr.Employer_References()->OfficeNo(), "");
 }
 
 TEST(clsSectionNVR, RefusesOtherNamesAndDeclarations) {
   clsSectionNVR nvr;
-  EXPECT_FALSE(Read(nvr, "<NinoVerificationRequest><Employee/></NinoVerificationRequest>"));
+  EXPECT_FALSE(ReadInto(nvr, "<NinoVerificationRequest><Employee/></NinoVerificationRequest>"));
   const String text = "<NINOverificationRequest><Employee/></NINOverificationRequest>";
   EXPECT_FALSE(nvr.ParseFromXML("<?xml version=\"1.0\"?>" + text));
   EXPECT_FALSE(nvr.ParseFromXML("<NINOverificationRequest>"));

@@ -5,20 +5,19 @@
 #include "zelnor/documents/clsSectionEYU.h"
 #include "zelnor/documents/clsSectionFPS.h"
 
-#include "documents/payroll.h"
-#include "documents/record_xml.h"
+#include "support/payroll.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using payroll::AddPaid;
-using payroll::NewEmployee;
-using record_xml::ChildNames;
-using record_xml::Parsed;
-using record_xml::Read;
-using record_xml::Root;
+using test::AddPaid;
+using test::ChildNames;
+using test::NewEmployee;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
 
 template <class Section>
@@ -41,7 +40,7 @@ class EmployeeSections : public testing::Test {
   bool DecidesForCompression() {
     int refusals = 0;
     Subscription subscription(section_.events.CompressionError.connect([&](const String&) { ++refusals; }));
-    section_.ToXML(Root());
+    section_.ToXML(Root("<Parent/>"));
     return refusals > 0;
   }
 
@@ -178,10 +177,10 @@ TYPED_TEST(EmployeeSections, CompressFiveThousandUnlessToldOtherwise) {
 TYPED_TEST(EmployeeSections, ReadEmployeesInOrderAndTakeThePlainForm) {
   auto& section = this->section_;
   section.UseCompression(true);
-  ASSERT_TRUE(
-      Read(section, this->Around("<Employee><EmployeeDetails><NINO>1</NINO></EmployeeDetails></Employee>"
-                                 "<Unknown/>"
-                                 "<Employee><EmployeeDetails><NINO>2</NINO></EmployeeDetails></Employee>")));
+  ASSERT_TRUE(ReadInto(
+      section, this->Around("<Employee><EmployeeDetails><NINO>1</NINO></EmployeeDetails></Employee>"
+                            "<Unknown/>"
+                            "<Employee><EmployeeDetails><NINO>2</NINO></EmployeeDetails></Employee>")));
   EXPECT_FALSE(section.UseCompression());
   ASSERT_EQ(section.EmployeeCount(), 2);
   EXPECT_EQ(section.Employees()->Item(1)->EmployeeDetails()->NINO(), "1");
@@ -197,7 +196,7 @@ TYPED_TEST(EmployeeSections, ReadingClearsReferencesAndEmployeesAndKeepsTheSwitc
   section.AutoCompressionLimit(3);
   section.Validated(true);
   const Ref<clsEmployerReferences> before = section.Employer_References();
-  ASSERT_TRUE(Read(section, this->Around("")));
+  ASSERT_TRUE(ReadInto(section, this->Around("")));
   EXPECT_EQ(section.EmployeeCount(), 0);
   EXPECT_NE(section.Employer_References(), before);
   EXPECT_EQ(section.Employer_References()->OfficeNo(), "");
@@ -210,7 +209,7 @@ TYPED_TEST(EmployeeSections, ReadingClearsReferencesAndEmployeesAndKeepsTheSwitc
 
 TYPED_TEST(EmployeeSections, RefuseOtherNamesAndDeclarations) {
   auto& section = this->section_;
-  EXPECT_FALSE(Read(section, "<Other><Employee/></Other>"));
+  EXPECT_FALSE(ReadInto(section, "<Other><Employee/></Other>"));
   EXPECT_EQ(section.EmployeeCount(), 0);
   const String text = this->Around("<Employee/>");
   EXPECT_FALSE(section.ParseFromXML("<?xml version=\"1.0\"?>" + text));
@@ -223,7 +222,7 @@ TYPED_TEST(EmployeeSections, RefuseOtherNamesAndDeclarations) {
 TYPED_TEST(EmployeeSections, ReplaceTheEmployeesOfTheElementThere) {
   auto& section = this->section_;
   AddPaid(section);
-  const XmlNode root = Root();
+  const XmlNode root = Root("<Parent/>");
   section.ToXML(root);
   const XmlNode written = section.ToXML(root);
   EXPECT_EQ(ChildNames(root).size(), 1U);
@@ -236,7 +235,7 @@ TYPED_TEST(EmployeeSections, WriteNewReferencesForNone) {
   WithRecordingHost host;
   auto& section = this->section_;
   section.Employer_References(nullptr);
-  EXPECT_TRUE(section.ToXML(Root()).FindChild("EmpRefs"));
+  EXPECT_TRUE(section.ToXML(Root("<Parent/>")).FindChild("EmpRefs"));
   EXPECT_TRUE(host->messages.empty());
 }
 

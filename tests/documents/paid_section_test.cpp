@@ -3,19 +3,19 @@
 #include "zelnor/documents/clsSectionEYU.h"
 #include "zelnor/documents/clsSectionFPS.h"
 
-#include "documents/payroll.h"
+#include "support/payroll.h"
 #include "support/recording_host.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using payroll::AddEmployment;
-using payroll::AddNI;
-using payroll::AddPaid;
-using payroll::MakeLeaver;
-using payroll::MakeNew;
-using payroll::NewEmployee;
+using test::AddEmployment;
+using test::AddNI;
+using test::AddPaid;
+using test::MakeLeaver;
+using test::MakeNew;
+using test::NewEmployee;
 using test::WithRecordingHost;
 
 /// The results of GetTotals.

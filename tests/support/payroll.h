@@ -10,7 +10,7 @@
 #include "zelnor/documents/clsPayment.h"
 #include "zelnor/documents/clsStarter.h"
 
-namespace zelnor::payroll {
+namespace zelnor::test {
 
 /// An employee without employments.
 inline Ref<clsEmployee> NewEmployee(const String& nino = "AB123456C") {
@@ -52,4 +52,4 @@ inline void MakeNew(clsEmployment& employment) { employment.Starter(std::make_sh
 /// Makes an employment one of a leaver.
 inline void MakeLeaver(clsEmployment& employment) { employment.LeavingDate(Date::FromParts(2025, 6, 30)); }
 
-}  // namespace zelnor::payroll
+}  // namespace zelnor::test
