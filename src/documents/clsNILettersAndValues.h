@@ -135,6 +135,9 @@ class ZELNOR_API clsNILettersAndValues : public Record {
   ZELNOR_INTERNAL XmlNode ToXML(const XmlNode& xmlParent, eRTISUBMISSIONTYPE submissionType);
 
  private:
+  // The amount that an element of this name holds in either spelling; nothing for any other name.
+  Currency* AmountNamed(std::string_view element);
+
   String ni_letter_;
   String scon_;
   Currency pay_subject_to_nic_;

@@ -231,7 +231,7 @@ class ZELNOR_API clsPayment : public Record {
   void SPBPYTD(Currency value);
   ///@}
 
-  /// Statutory neonatal care pay to date (`SNCPYTD`); left out of an EYU when zero.
+  /// Statutory neonatal care pay to date (`SNCPYTD`); not in an EYU.
   ///@{
   Currency SNCPYTD() const;
   void SNCPYTD(Currency value);
@@ -352,7 +352,8 @@ class ZELNOR_API clsPayment : public Record {
   void ReadOther(std::string_view name, const XmlNode& child);
   void WritePeriod(Element& out) const;
   void WriteStudentLoan(Element& out, bool in_earlier_year_update) const;
-  void WriteStatutoryPay(Element& out, eRTISUBMISSIONTYPE submissionType, EMPLOYEE_GENDER gender) const;
+  void WriteStatutoryPay(Element& out, bool in_full_payment_submission, EMPLOYEE_GENDER gender) const;
+  void WriteStatutoryPayOfEarlierYear(Element& out) const;
   void WriteTrivialCommutationPayments(const Element& out) const;
 
   String week_no_;

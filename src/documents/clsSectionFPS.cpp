@@ -108,7 +108,11 @@ XmlNode clsSectionFPS::ToXML(const XmlNode& xmlParent) {
     WriteReferences(result);
     out.Text("RelatedTaxYear", tax_year_);
     WriteEmployees(result);
-    if (final_submission_) final_submission_->ToXML(result);
+    if (final_submission_) {
+      final_submission_->ToXML(result);
+    } else {
+      out.Remove("FinalSubmission");
+    }
   });
   return result;
 }

@@ -103,9 +103,7 @@ void EmployeeSection::ReadCompressedPart(const XmlNode& /*xmlNode*/) {
   throw RuntimeError(440, "ZELNOR", kNoCompression);
 }
 
-void EmployeeSection::WriteReferences(const XmlNode& xmlSection) {
-  Required(employer_references_).ToXML(xmlSection);
-}
+void EmployeeSection::WriteReferences(const XmlNode& xmlSection) { Employer_References()->ToXML(xmlSection); }
 
 void EmployeeSection::WriteEmployees(const XmlNode& xmlSection) {
   const bool plain =

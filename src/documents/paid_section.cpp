@@ -95,8 +95,10 @@ std::vector<PeriodValues> PaidSection::IncludedPeriodsAndValues() {
       }
       const Long number = each.payment.AppPeriodNo();
       const auto [place, is_new] = places.try_emplace({type, number}, result.size());
-      if (is_new) result.push_back({.Type = type, .PeriodNo = number});
+      if (is_new) result.emplace_back();
       PeriodValues& values = result[place->second];
+      values.Type = type;
+      values.PeriodNo = number;
       ++values.TotalEmployeesPaid;
       values.TotalTaxPaid += each.payment.TaxDeductedOrRefunded();
       values.TotalEmployersNI += EmployersNI(each);

@@ -1,15 +1,14 @@
 #include "zelnor/documents/clsApprenticeshipLevy.h"
 
-#include "documents/record_xml.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using record_xml::Parsed;
-using record_xml::Read;
-using record_xml::Root;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
 
 String WrittenIn(clsApprenticeshipLevy& levy, const XmlNode& parent) {
@@ -19,14 +18,14 @@ String WrittenIn(clsApprenticeshipLevy& levy, const XmlNode& parent) {
 TEST(clsApprenticeshipLevy, WritesDueAmountMonthAndAllowanceInThisOrder) {
   clsApprenticeshipLevy levy;
   levy.Create(3, Currency::FromPence(123450), Currency(15000));
-  EXPECT_EQ(WrittenIn(levy, Root()),
+  EXPECT_EQ(WrittenIn(levy, Root("<Parent/>")),
             "<ApprenticeshipLevy><LevyDueYTD>1234.50</LevyDueYTD><TaxMonth>3</TaxMonth>"
             "<AnnualAllce>15000.00</AnnualAllce></ApprenticeshipLevy>");
 }
 
 TEST(clsApprenticeshipLevy, WritesZerosWhenNew) {
   clsApprenticeshipLevy levy;
-  EXPECT_EQ(WrittenIn(levy, Root()),
+  EXPECT_EQ(WrittenIn(levy, Root("<Parent/>")),
             "<ApprenticeshipLevy><LevyDueYTD>0.00</LevyDueYTD><TaxMonth>0</TaxMonth>"
             "<AnnualAllce>0.00</AnnualAllce></ApprenticeshipLevy>");
 }
@@ -34,28 +33,29 @@ TEST(clsApprenticeshipLevy, WritesZerosWhenNew) {
 TEST(clsApprenticeshipLevy, WritesTheSameInEveryKindOfDocument) {
   clsApprenticeshipLevy levy;
   levy.Create(12, 1, 2);
-  const String eps = WrittenIn(levy, Root());
+  const String eps = WrittenIn(levy, Root("<Parent/>"));
   for (const auto type :
        {eRTISUBMISSIONTYPE::IsUndefined, eRTISUBMISSIONTYPE::IsFPS, eRTISUBMISSIONTYPE::IsEYU}) {
-    EXPECT_EQ(levy.ToXML(Root(), type).Xml(), eps);
+    EXPECT_EQ(levy.ToXML(Root("<Parent/>"), type).Xml(), eps);
   }
 }
 
 TEST(clsApprenticeshipLevy, WritesIntoTheElementThere) {
   clsApprenticeshipLevy levy;
   levy.Create(1, 2, 3);
-  const XmlNode root = Parsed("<P><ApprenticeshipLevy><TaxMonth>9</TaxMonth></ApprenticeshipLevy></P>");
+  const XmlNode root = Root("<P><ApprenticeshipLevy><TaxMonth>9</TaxMonth></ApprenticeshipLevy></P>");
   EXPECT_EQ(WrittenIn(levy, root),
             "<ApprenticeshipLevy><TaxMonth>1</TaxMonth><LevyDueYTD>2.00</LevyDueYTD>"
             "<AnnualAllce>3.00</AnnualAllce></ApprenticeshipLevy>");
-  EXPECT_EQ(record_xml::ChildNames(root).size(), 1U);
+  EXPECT_EQ(test::ChildNames(root).size(), 1U);
 }
 
 TEST(clsApprenticeshipLevy, ReadsItsElementsInAnyOrder) {
   clsApprenticeshipLevy levy;
-  ASSERT_TRUE(Read(levy,
-                   "<ApprenticeshipLevy><AnnualAllce>15000.00</AnnualAllce><Other/><TaxMonth>11</TaxMonth>"
-                   "<LevyDueYTD>-1.25</LevyDueYTD></ApprenticeshipLevy>"));
+  ASSERT_TRUE(
+      ReadInto(levy,
+               "<ApprenticeshipLevy><AnnualAllce>15000.00</AnnualAllce><Other/><TaxMonth>11</TaxMonth>"
+               "<LevyDueYTD>-1.25</LevyDueYTD></ApprenticeshipLevy>"));
   EXPECT_EQ(levy.TaxMonth(), 11);
   EXPECT_EQ(levy.LevyDueYTD(), Currency::FromPence(-125));
   EXPECT_EQ(levy.AnnualAllowance(), Currency(15000));
@@ -65,7 +65,7 @@ TEST(clsApprenticeshipLevy, ReadingClearsWhatTheElementLacks) {
   clsApprenticeshipLevy levy;
   levy.Create(1, 2, 3);
   levy.Validated(true);
-  ASSERT_TRUE(Read(levy, "<ApprenticeshipLevy/>"));
+  ASSERT_TRUE(ReadInto(levy, "<ApprenticeshipLevy/>"));
   EXPECT_EQ(levy.TaxMonth(), 0);
   EXPECT_TRUE(levy.LevyDueYTD().IsZero());
   EXPECT_TRUE(levy.AnnualAllowance().IsZero());
@@ -75,7 +75,7 @@ TEST(clsApprenticeshipLevy, ReadingClearsWhatTheElementLacks) {
 TEST(clsApprenticeshipLevy, RefusesOtherNamesAndDeclarations) {
   clsApprenticeshipLevy levy;
   EXPECT_EQ(levy.RootElementName(), "ApprenticeshipLevy");
-  EXPECT_FALSE(Read(levy, "<Levy><TaxMonth>1</TaxMonth></Levy>"));
+  EXPECT_FALSE(ReadInto(levy, "<Levy><TaxMonth>1</TaxMonth></Levy>"));
   EXPECT_EQ(levy.TaxMonth(), 0);
   const String text = "<ApprenticeshipLevy><TaxMonth>2</TaxMonth></ApprenticeshipLevy>";
   EXPECT_FALSE(levy.ParseFromXML("<?xml version=\"1.0\"?>" + text));
@@ -87,9 +87,9 @@ TEST(clsApprenticeshipLevy, RefusesOtherNamesAndDeclarations) {
 TEST(clsApprenticeshipLevy, ReportsAMonthBeyondSixteenBits) {
   WithRecordingHost host;
   clsApprenticeshipLevy levy;
-  EXPECT_FALSE(Read(levy,
-                    "<ApprenticeshipLevy><LevyDueYTD>5</LevyDueYTD><TaxMonth>32768</TaxMonth>"
-                    "<AnnualAllce>6</AnnualAllce></ApprenticeshipLevy>"));
+  EXPECT_FALSE(ReadInto(levy,
+                        "<ApprenticeshipLevy><LevyDueYTD>5</LevyDueYTD><TaxMonth>32768</TaxMonth>"
+                        "<AnnualAllce>6</AnnualAllce></ApprenticeshipLevy>"));
   EXPECT_EQ(levy.LevyDueYTD(), Currency(5));
   EXPECT_TRUE(levy.AnnualAllowance().IsZero());
   ASSERT_EQ(host->messages.size(), 1U);

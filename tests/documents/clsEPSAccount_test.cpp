@@ -1,18 +1,18 @@
 #include "zelnor/documents/clsEPSAccount.h"
 
-#include "documents/record_xml.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using record_xml::ChildNames;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::ChildNames;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 using testing::ElementsAre;
 
 TEST(clsEPSAccount, WritesThreeElementsAlwaysAndTheReferenceWhenThere) {
@@ -27,7 +27,7 @@ TEST(clsEPSAccount, WritesThreeElementsAlwaysAndTheReferenceWhenThere) {
 }
 
 TEST(clsEPSAccount, AlwaysWritesANewElement) {
-  const XmlNode root = Root();
+  const XmlNode root = Root("<Parent/>");
   clsEPSAccount account;
   account.ToXML(root);
   account.ToXML(root);
@@ -40,14 +40,15 @@ TEST(clsEPSAccount, TakesTheNamespaceOfItsParent) {
   EXPECT_EQ(account.ToXML(root).NamespaceURI(), "urn:own");
   root.Attribute("xmlns", "urn:attribute");
   EXPECT_EQ(account.ToXML(root).NamespaceURI(), "urn:attribute");
-  EXPECT_EQ(account.ToXML(Root()).NamespaceURI(), "");
+  EXPECT_EQ(account.ToXML(Root("<Parent/>")).NamespaceURI(), "");
 }
 
 TEST(clsEPSAccount, ReadsItsElements) {
   clsEPSAccount account;
-  ASSERT_TRUE(Read(account,
-                   "<Account><SortCode>123456</SortCode><BuildingSocRef>R/1</BuildingSocRef><Other/>"
-                   "<AccountNo>12345678</AccountNo><AccountHoldersName>A N</AccountHoldersName></Account>"));
+  ASSERT_TRUE(
+      ReadInto(account,
+               "<Account><SortCode>123456</SortCode><BuildingSocRef>R/1</BuildingSocRef><Other/>"
+               "<AccountNo>12345678</AccountNo><AccountHoldersName>A N</AccountHoldersName></Account>"));
   EXPECT_EQ(account.AccountName(), "A N");
   EXPECT_EQ(account.AccountNo(), "12345678");
   EXPECT_EQ(account.SortCode(), "123456");
@@ -57,13 +58,13 @@ TEST(clsEPSAccount, ReadsItsElements) {
 TEST(clsEPSAccount, ReadingClearsWhatTheElementLacks) {
   clsEPSAccount account;
   account.Create("a", "b", "c", "d");
-  ASSERT_TRUE(Read(account, "<Account/>"));
+  ASSERT_TRUE(ReadInto(account, "<Account/>"));
   EXPECT_EQ(account.AccountName() + account.AccountNo() + account.SortCode() + account.RollNo(), "");
 }
 
 TEST(clsEPSAccount, RefusesANodeOfAnotherName) {
   clsEPSAccount account;
-  EXPECT_FALSE(Read(account, "<account><SortCode>1</SortCode></account>"));
+  EXPECT_FALSE(ReadInto(account, "<account><SortCode>1</SortCode></account>"));
   EXPECT_EQ(account.SortCode(), "");
 }
 
@@ -115,16 +116,16 @@ TEST(clsEPSAccount, AChangeClearsValidatedAndAnEqualValueDoesNot) {
   EXPECT_FALSE(account.Validated());
   EXPECT_EQ(account.RollNo(), "");
   account.Validated(true);
-  EXPECT_TRUE(Read(account, "<Account/>"));
+  EXPECT_TRUE(ReadInto(account, "<Account/>"));
   EXPECT_FALSE(account.Validated());
 }
 
 TEST(clsEPSAccount, AnyTextComesBack) {
-  for (const String& text : record_xml::AwkwardTexts()) {
+  for (const String& text : test::TextsThatComeBack()) {
     clsEPSAccount first;
     first.Create(text, text + "1", text + "2", text + "3");
     clsEPSAccount second;
-    ASSERT_TRUE(Read(second, Written(first)));
+    ASSERT_TRUE(ReadInto(second, Written(first)));
     EXPECT_EQ(second.AccountName(), text);
     EXPECT_EQ(second.AccountNo(), text + "1");
     EXPECT_EQ(second.SortCode(), text + "2");

@@ -1,20 +1,19 @@
 #include "zelnor/documents/clsPaymentForPeriod.h"
 
-#include "documents/record_xml.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using record_xml::ChildNames;
-using record_xml::ChildText;
-using record_xml::Parsed;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::ChildNames;
+using test::ChildText;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 using testing::ElementsAre;
 
 struct Amount {
@@ -48,7 +47,7 @@ const Amount kAmounts[] = {
 
 TEST(clsPaymentForPeriod, WritesAllAmountsInOrderEvenWhenZero) {
   clsPaymentForPeriod amounts;
-  const XmlNode written = amounts.ToXML(Root());
+  const XmlNode written = amounts.ToXML(Root("<Parent/>"));
   EXPECT_EQ(written.NodeName(), "RecoverableAmountsYTD");
   EXPECT_THAT(ChildNames(written),
               ElementsAre("SMPRecovered", "SPPRecovered", "SAPRecovered", "ShPPRecovered", "SPBPRecovered",
@@ -62,7 +61,7 @@ TEST(clsPaymentForPeriod, WritesAndReadsEachAmountInItsOwnElement) {
   for (const Amount& amount : kAmounts) {
     clsPaymentForPeriod record;
     (record.*amount.set)(Currency::FromPence(123456));
-    const XmlNode written = record.ToXML(Root());
+    const XmlNode written = record.ToXML(Root("<Parent/>"));
     for (const Amount& other : kAmounts) {
       EXPECT_EQ(ChildText(written, other.element), other.element == amount.element ? "1234.56" : "0.00")
           << amount.element << " " << other.element;
@@ -80,19 +79,19 @@ TEST(clsPaymentForPeriod, WritesAndReadsEachAmountInItsOwnElement) {
 TEST(clsPaymentForPeriod, WritesNegativeAmounts) {
   clsPaymentForPeriod amounts;
   amounts.SMPRecovered(Currency::FromPence(-5));
-  EXPECT_EQ(ChildText(amounts.ToXML(Root()), "SMPRecovered"), "-0.05");
+  EXPECT_EQ(ChildText(amounts.ToXML(Root("<Parent/>")), "SMPRecovered"), "-0.05");
 }
 
 TEST(clsPaymentForPeriod, WritesTheTaxMonthFirst) {
   clsPaymentForPeriod amounts;
   amounts.TaxMonth("12");
-  const XmlNode written = amounts.ToXML(Root());
+  const XmlNode written = amounts.ToXML(Root("<Parent/>"));
   EXPECT_EQ(written.FirstChild().BaseName(), "TaxMonth");
   EXPECT_EQ(ChildText(written, "TaxMonth"), "12");
 }
 
 TEST(clsPaymentForPeriod, RemovesAnEmptyTaxMonthFromTheElementThere) {
-  const XmlNode root = Parsed(
+  const XmlNode root = Root(
       "<P><RecoverableAmountsYTD><TaxMonth>1</TaxMonth><SMPRecovered>9.99</SMPRecovered>"
       "</RecoverableAmountsYTD></P>");
   clsPaymentForPeriod amounts;
@@ -105,10 +104,10 @@ TEST(clsPaymentForPeriod, RemovesAnEmptyTaxMonthFromTheElementThere) {
 TEST(clsPaymentForPeriod, ReadsInAnyOrderWithPrefixesAndUnknownNames) {
   clsPaymentForPeriod amounts;
   ASSERT_TRUE(
-      Read(amounts,
-           "<RecoverableAmountsYTD xmlns:p='urn:p'><p:CISDeductionsSuffered>7</p:CISDeductionsSuffered>"
-           "<Other>x</Other><TaxMonth> 4 </TaxMonth><SPPRecovered>1,000.5</SPPRecovered>"
-           "</RecoverableAmountsYTD>"));
+      ReadInto(amounts,
+               "<RecoverableAmountsYTD xmlns:p='urn:p'><p:CISDeductionsSuffered>7</p:CISDeductionsSuffered>"
+               "<Other>x</Other><TaxMonth> 4 </TaxMonth><SPPRecovered>1,000.5</SPPRecovered>"
+               "</RecoverableAmountsYTD>"));
   EXPECT_EQ(amounts.CISDeductionsSuffered(), Currency(7));
   EXPECT_EQ(amounts.TaxMonth(), "4");
   EXPECT_EQ(amounts.OSPPRecovered(), Currency::FromPence(100050));
@@ -118,14 +117,14 @@ TEST(clsPaymentForPeriod, ReadingClearsWhatTheElementLacks) {
   clsPaymentForPeriod amounts;
   amounts.TaxMonth("5");
   for (const Amount& amount : kAmounts) (amounts.*amount.set)(Currency(1));
-  ASSERT_TRUE(Read(amounts, "<RecoverableAmountsYTD/>"));
+  ASSERT_TRUE(ReadInto(amounts, "<RecoverableAmountsYTD/>"));
   EXPECT_EQ(amounts.TaxMonth(), "");
   for (const Amount& amount : kAmounts) EXPECT_TRUE((amounts.*amount.get)().IsZero()) << amount.element;
 }
 
 TEST(clsPaymentForPeriod, RefusesANodeOfAnotherName) {
   clsPaymentForPeriod amounts;
-  EXPECT_FALSE(Read(amounts, "<RecoverableAmountsYtd><TaxMonth>4</TaxMonth></RecoverableAmountsYtd>"));
+  EXPECT_FALSE(ReadInto(amounts, "<RecoverableAmountsYtd><TaxMonth>4</TaxMonth></RecoverableAmountsYtd>"));
   EXPECT_EQ(amounts.TaxMonth(), "");
 }
 
@@ -145,9 +144,10 @@ TEST(clsPaymentForPeriod, ParsesTextWithoutADeclarationOnly) {
 TEST(clsPaymentForPeriod, ReportsAnAmountThatIsNoNumber) {
   WithRecordingHost host;
   clsPaymentForPeriod amounts;
-  EXPECT_FALSE(Read(amounts,
-                    "<RecoverableAmountsYTD><SMPRecovered>1.00</SMPRecovered><SAPRecovered>x</SAPRecovered>"
-                    "<CISDeductionsSuffered>2</CISDeductionsSuffered></RecoverableAmountsYTD>"));
+  EXPECT_FALSE(
+      ReadInto(amounts,
+               "<RecoverableAmountsYTD><SMPRecovered>1.00</SMPRecovered><SAPRecovered>x</SAPRecovered>"
+               "<CISDeductionsSuffered>2</CISDeductionsSuffered></RecoverableAmountsYTD>"));
   EXPECT_EQ(amounts.SMPRecovered(), Currency(1));
   EXPECT_TRUE(amounts.CISDeductionsSuffered().IsZero());
   ASSERT_EQ(host->messages.size(), 1U);
@@ -203,7 +203,7 @@ TEST(clsPaymentForPeriod, AChangeClearsValidatedAndAnEqualValueDoesNot) {
   record.TaxMonth("1");
   EXPECT_FALSE(record.Validated());
   record.Validated(true);
-  EXPECT_TRUE(Read(record, "<RecoverableAmountsYTD/>"));
+  EXPECT_TRUE(ReadInto(record, "<RecoverableAmountsYTD/>"));
   EXPECT_FALSE(record.Validated());
 }
 
@@ -212,17 +212,17 @@ TEST(clsPaymentForPeriod, ReadingAgainWhatWasReadAndWrittenChangesNothing) {
   first.Create(1, 2, 3, 4, 5, 6, 7, 8, 9, "10");
   const String once = Written(first);
   clsPaymentForPeriod second;
-  ASSERT_TRUE(Read(second, once));
+  ASSERT_TRUE(ReadInto(second, once));
   EXPECT_EQ(Written(second), once);
   EXPECT_EQ(second.RootElementName(), "RecoverableAmountsYTD");
 }
 
 TEST(clsPaymentForPeriod, AnyTextOfTheTaxMonthComesBack) {
-  for (const String& text : record_xml::AwkwardTexts()) {
+  for (const String& text : test::TextsThatComeBack()) {
     clsPaymentForPeriod first;
     first.TaxMonth(text);
     clsPaymentForPeriod second;
-    ASSERT_TRUE(Read(second, Written(first)));
+    ASSERT_TRUE(ReadInto(second, Written(first)));
     EXPECT_EQ(second.TaxMonth(), text);
   }
 }

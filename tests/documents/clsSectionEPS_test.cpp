@@ -8,21 +8,20 @@
 
 #include <functional>
 
-#include "documents/record_xml.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using record_xml::ChildNames;
-using record_xml::ChildText;
-using record_xml::Parsed;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::ChildNames;
+using test::ChildText;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 using testing::ElementsAre;
 using testing::Not;
 
@@ -82,7 +81,7 @@ TEST(clsSectionEPS, BeginsWithReferencesAndNothingElse) {
 TEST(clsSectionEPS, WritesItsElementsInOrder) {
   clsSectionEPS eps;
   Fill(eps);
-  const XmlNode written = eps.ToXML(Root());
+  const XmlNode written = eps.ToXML(Root("<Parent/>"));
   EXPECT_EQ(written.NodeName(), "EmployerPaymentSummary");
   EXPECT_THAT(ChildNames(written),
               ElementsAre("EmpRefs", "NoPaymentForPeriod", "NoPaymentDates", "PeriodOfInactivity",
@@ -107,14 +106,14 @@ TEST(clsSectionEPS, WritesItsElementsInOrder) {
 
 TEST(clsSectionEPS, WritesTheLeastWithReferencesAmountsAndTaxYear) {
   clsSectionEPS eps;
-  EXPECT_THAT(ChildNames(eps.ToXML(Root())),
+  EXPECT_THAT(ChildNames(eps.ToXML(Root("<Parent/>"))),
               ElementsAre("EmpRefs", "RecoverableAmountsYTD", "RelatedTaxYear"));
 }
 
 TEST(clsSectionEPS, RemovesWhatIsNoLongerThereFromTheElementThere) {
   clsSectionEPS full;
   Fill(full);
-  const XmlNode root = Root();
+  const XmlNode root = Root("<Parent/>");
   full.ToXML(root);
   clsSectionEPS eps;
   eps.NoPaymentForPeriod(true);
@@ -134,7 +133,7 @@ TEST(clsSectionEPS, RemovesWhatIsNoLongerThereFromTheElementThere) {
 TEST(clsSectionEPS, WritesTheAccountOnceHoweverOften) {
   clsSectionEPS eps;
   Fill(eps);
-  const XmlNode root = Root();
+  const XmlNode root = Root("<Parent/>");
   eps.ToXML(root);
   const std::vector<String> names = ChildNames(eps.ToXML(root));
   EXPECT_EQ(std::count(names.begin(), names.end(), "Account"), 1);
@@ -146,11 +145,11 @@ TEST(clsSectionEPS, CreateWithoutPaymentMeansNoPaymentForPeriod) {
   eps.Create(std::make_shared<clsEmployerReferences>(), "25-26", nullptr, nullptr, false);
   EXPECT_TRUE(eps.NoPaymentForPeriod());
   EXPECT_FALSE(eps.HasPaymentForPeriod());
-  EXPECT_THAT(ChildNames(eps.ToXML(Root())),
+  EXPECT_THAT(ChildNames(eps.ToXML(Root("<Parent/>"))),
               ElementsAre("EmpRefs", "NoPaymentForPeriod", "NoPaymentDates", "RelatedTaxYear"));
 
   eps.IncludeYtds(true);
-  const XmlNode amounts = eps.ToXML(Root()).FindChild("RecoverableAmountsYTD");
+  const XmlNode amounts = eps.ToXML(Root("<Parent/>")).FindChild("RecoverableAmountsYTD");
   ASSERT_TRUE(amounts);
   EXPECT_EQ(ChildNames(amounts).size(), 13U);
   for (const XmlNode& amount : amounts.ChildNodes()) EXPECT_EQ(amount.Text(), "0.00");
@@ -212,27 +211,27 @@ TEST(clsSectionEPS, WritesAnUnsetDateOfInactivityAsTheZeroDate) {
   clsSectionEPS eps;
   eps.DateInactiveFrom(kJune6);
   EXPECT_TRUE(eps.HasPeriodOfInactivity());
-  EXPECT_EQ(eps.ToXML(Root()).FindChild("PeriodOfInactivity").Xml(),
+  EXPECT_EQ(eps.ToXML(Root("<Parent/>")).FindChild("PeriodOfInactivity").Xml(),
             "<PeriodOfInactivity><From>2025-06-06</From><To>1899-12-30</To></PeriodOfInactivity>");
   eps.DateInactiveFrom({});
   eps.DateInactiveTo(kJuly5);
   EXPECT_TRUE(eps.HasPeriodOfInactivity());
-  EXPECT_EQ(eps.ToXML(Root()).FindChild("PeriodOfInactivity").Xml(),
+  EXPECT_EQ(eps.ToXML(Root("<Parent/>")).FindChild("PeriodOfInactivity").Xml(),
             "<PeriodOfInactivity><From>1899-12-30</From><To>2025-07-05</To></PeriodOfInactivity>");
 }
 
 TEST(clsSectionEPS, WritesTheAllowanceIndicatorOnlyOnceItIsGiven) {
   clsSectionEPS eps;
-  EXPECT_EQ(ChildText(eps.ToXML(Root()), "EmpAllceInd"), "(absent)");
+  EXPECT_EQ(ChildText(eps.ToXML(Root("<Parent/>")), "EmpAllceInd"), "(absent)");
   eps.EmploymentAllowanceIndicator(false);
   EXPECT_TRUE(eps.HasEmpAllowanceIndicator());
-  EXPECT_EQ(ChildText(eps.ToXML(Root()), "EmpAllceInd"), "no");
+  EXPECT_EQ(ChildText(eps.ToXML(Root("<Parent/>")), "EmpAllceInd"), "no");
   eps.EmploymentAllowanceIndicator(true);
-  EXPECT_EQ(ChildText(eps.ToXML(Root()), "EmpAllceInd"), "yes");
+  EXPECT_EQ(ChildText(eps.ToXML(Root("<Parent/>")), "EmpAllceInd"), "yes");
   eps.ClearEmploymentAllowanceIndicator();
   EXPECT_FALSE(eps.HasEmpAllowanceIndicator());
   EXPECT_TRUE(eps.EmploymentAllowanceIndicator());
-  EXPECT_EQ(ChildText(eps.ToXML(Root()), "EmpAllceInd"), "(absent)");
+  EXPECT_EQ(ChildText(eps.ToXML(Root("<Parent/>")), "EmpAllceInd"), "(absent)");
 }
 
 TEST(clsSectionEPS, WritesOnlyTheSectorsOfStateAidThatAreSet) {
@@ -249,7 +248,7 @@ TEST(clsSectionEPS, WritesOnlyTheSectorsOfStateAidThatAreSet) {
         Sector{"NA", &clsSectionEPS::NA, &clsSectionEPS::NA}}) {
     clsSectionEPS eps;
     (eps.*sector.set)(true);
-    const XmlNode written = eps.ToXML(Root());
+    const XmlNode written = eps.ToXML(Root("<Parent/>"));
     EXPECT_THAT(ChildNames(written.FindChild("DeMinimisStateAid")), ElementsAre(sector.element));
     clsSectionEPS read;
     ASSERT_TRUE(read.CreateFromXML(written));
@@ -270,10 +269,10 @@ TEST(clsSectionEPS, NeverWritesTheAmountOfAid) {
 TEST(clsSectionEPS, ReadsStateAidAsTruthValuesAndTheAmount) {
   clsSectionEPS eps;
   ASSERT_TRUE(
-      Read(eps,
-           "<EmployerPaymentSummary><DeMinimisStateAid><Agri>yes</Agri><FisheriesAqua>no</FisheriesAqua>"
-           "<RoadTrans>True</RoadTrans><Indust>0</Indust><NA>1</NA><Aid>12.50</Aid></DeMinimisStateAid>"
-           "</EmployerPaymentSummary>"));
+      ReadInto(eps,
+               "<EmployerPaymentSummary><DeMinimisStateAid><Agri>yes</Agri><FisheriesAqua>no</FisheriesAqua>"
+               "<RoadTrans>True</RoadTrans><Indust>0</Indust><NA>1</NA><Aid>12.50</Aid></DeMinimisStateAid>"
+               "</EmployerPaymentSummary>"));
   EXPECT_TRUE(eps.Agri());
   EXPECT_FALSE(eps.FisheriesAqua());
   EXPECT_TRUE(eps.RoadTrans());
@@ -285,9 +284,9 @@ TEST(clsSectionEPS, ReadsStateAidAsTruthValuesAndTheAmount) {
 TEST(clsSectionEPS, ReportsAStateAidThatIsNoTruthValue) {
   WithRecordingHost host;
   clsSectionEPS eps;
-  EXPECT_FALSE(Read(eps,
-                    "<EmployerPaymentSummary><RelatedTaxYear>25-26</RelatedTaxYear><DeMinimisStateAid>"
-                    "<Agri>perhaps</Agri></DeMinimisStateAid></EmployerPaymentSummary>"));
+  EXPECT_FALSE(ReadInto(eps,
+                        "<EmployerPaymentSummary><RelatedTaxYear>25-26</RelatedTaxYear><DeMinimisStateAid>"
+                        "<Agri>perhaps</Agri></DeMinimisStateAid></EmployerPaymentSummary>"));
   EXPECT_EQ(eps.TaxYear(), "25-26");
   ASSERT_EQ(host->messages.size(), 1U);
   EXPECT_EQ(host->messages[0].text,
@@ -299,7 +298,7 @@ TEST(clsSectionEPS, ReadsWhatItWrites) {
   Fill(eps);
   const String text = Written(eps);
   clsSectionEPS read;
-  ASSERT_TRUE(Read(read, text));
+  ASSERT_TRUE(ReadInto(read, text));
   EXPECT_EQ(read.Employer_References()->PayeRef(), "AB456");
   EXPECT_EQ(read.TaxYear(), "25-26");
   EXPECT_TRUE(read.NoPaymentForPeriod());
@@ -322,7 +321,7 @@ TEST(clsSectionEPS, ReadsWhatItWrites) {
 TEST(clsSectionEPS, ReadsTheAllowanceIndicatorAsYesInAnyCase) {
   const auto indicator = [](const String& text) {
     clsSectionEPS eps;
-    EXPECT_TRUE(Read(
+    EXPECT_TRUE(ReadInto(
         eps, "<EmployerPaymentSummary><EmpAllceInd>" + text + "</EmpAllceInd></EmployerPaymentSummary>"));
     EXPECT_TRUE(eps.HasEmpAllowanceIndicator());
     return eps.EmploymentAllowanceIndicator();
@@ -336,16 +335,16 @@ TEST(clsSectionEPS, ReadsTheAllowanceIndicatorAsYesInAnyCase) {
 
 TEST(clsSectionEPS, ReadsNoPaymentForPeriodByItsPresence) {
   clsSectionEPS eps;
-  ASSERT_TRUE(Read(
+  ASSERT_TRUE(ReadInto(
       eps, "<EmployerPaymentSummary><NoPaymentForPeriod>no</NoPaymentForPeriod></EmployerPaymentSummary>"));
   EXPECT_TRUE(eps.NoPaymentForPeriod());
 }
 
 TEST(clsSectionEPS, ReadsNoPaymentDatesEvenWithoutTheFlag) {
   clsSectionEPS eps;
-  ASSERT_TRUE(Read(eps,
-                   "<EmployerPaymentSummary><NoPaymentDates><From>2025-06-06</From><To>2025-07-05</To>"
-                   "</NoPaymentDates></EmployerPaymentSummary>"));
+  ASSERT_TRUE(ReadInto(eps,
+                       "<EmployerPaymentSummary><NoPaymentDates><From>2025-06-06</From><To>2025-07-05</To>"
+                       "</NoPaymentDates></EmployerPaymentSummary>"));
   EXPECT_FALSE(eps.NoPaymentForPeriod());
   EXPECT_EQ(eps.NoPaymentFrom(), kJune6);
   EXPECT_EQ(eps.NoPaymentTo(), kJuly5);
@@ -354,7 +353,7 @@ TEST(clsSectionEPS, ReadsNoPaymentDatesEvenWithoutTheFlag) {
 TEST(clsSectionEPS, ReadingDropsAmountsAndFinalSubmissionFirst) {
   clsSectionEPS eps;
   Fill(eps);
-  ASSERT_TRUE(Read(eps, "<EmployerPaymentSummary/>"));
+  ASSERT_TRUE(ReadInto(eps, "<EmployerPaymentSummary/>"));
   EXPECT_FALSE(eps.HasPaymentForPeriod());
   EXPECT_FALSE(eps.HasFinalSubmission());
 }
@@ -362,7 +361,7 @@ TEST(clsSectionEPS, ReadingDropsAmountsAndFinalSubmissionFirst) {
 TEST(clsSectionEPS, RefusesANodeOfAnotherName) {
   clsSectionEPS eps;
   EXPECT_FALSE(
-      Read(eps, "<FullPaymentSubmission><RelatedTaxYear>25-26</RelatedTaxYear></FullPaymentSubmission>"));
+      ReadInto(eps, "<FullPaymentSubmission><RelatedTaxYear>25-26</RelatedTaxYear></FullPaymentSubmission>"));
   EXPECT_EQ(eps.TaxYear(), "");
 }
 
@@ -469,11 +468,11 @@ TEST(clsSectionEPS, AChangeClearsValidatedAndAnEqualValueDoesNot) {
 }
 
 TEST(clsSectionEPS, AnyTextOfTheTaxYearComesBack) {
-  for (const String& text : record_xml::AwkwardTexts()) {
+  for (const String& text : test::TextsThatComeBack()) {
     clsSectionEPS first;
     first.SetRelatedTaxYear(text);
     clsSectionEPS second;
-    ASSERT_TRUE(Read(second, Written(first)));
+    ASSERT_TRUE(ReadInto(second, Written(first)));
     EXPECT_EQ(second.TaxYear(), text);
   }
 }

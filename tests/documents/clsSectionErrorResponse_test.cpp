@@ -2,18 +2,17 @@
 
 #include "zelnor/envelope/clsGTMGovTalkError.h"
 
-#include "documents/record_xml.h"
 #include "support/recording_host.h"
+#include "support/records.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
 namespace {
 
-using record_xml::Parsed;
-using record_xml::Read;
-using record_xml::Root;
-using record_xml::Written;
+using test::ReadInto;
+using test::Root;
 using test::WithRecordingHost;
+using test::Written;
 
 Ref<clsGTMGovTalkError> NewError(Integer number) {
   auto error = std::make_shared<clsGTMGovTalkError>();
@@ -30,19 +29,20 @@ String Numbers(clsSectionErrorResponse& section) {
 
 TEST(clsSectionErrorResponse, ReadsErrorsBelowTheRootAndBelowApplications) {
   clsSectionErrorResponse section;
-  ASSERT_TRUE(Read(section,
-                   "<ErrorResponse xmlns='urn:e' SchemaVersion='2.0'><Error><Number>1</Number></Error>"
-                   "<Application><MessageCount>2</MessageCount><Error><Number>2</Number></Error>"
-                   "<Error><Number>3</Number></Error></Application><Error><Number>4</Number></Error>"
-                   "</ErrorResponse>"));
+  ASSERT_TRUE(ReadInto(section,
+                       "<ErrorResponse xmlns='urn:e' SchemaVersion='2.0'><Error><Number>1</Number></Error>"
+                       "<Application><MessageCount>2</MessageCount><Error><Number>2</Number></Error>"
+                       "<Error><Number>3</Number></Error></Application><Error><Number>4</Number></Error>"
+                       "</ErrorResponse>"));
   EXPECT_EQ(Numbers(section), "1 2 3 4 ");
 }
 
 TEST(clsSectionErrorResponse, ReadsTheFieldsOfAnError) {
   clsSectionErrorResponse section;
-  ASSERT_TRUE(Read(section,
-                   "<ErrorResponse><Error><RaisedBy>Dept</RaisedBy><Number>7900</Number><Type>business</Type>"
-                   "<Text>Wrong</Text><Location>/A</Location></Error></ErrorResponse>"));
+  ASSERT_TRUE(
+      ReadInto(section,
+               "<ErrorResponse><Error><RaisedBy>Dept</RaisedBy><Number>7900</Number><Type>business</Type>"
+               "<Text>Wrong</Text><Location>/A</Location></Error></ErrorResponse>"));
   const Ref<clsGTMGovTalkError> error = section.GetError(1);
   ASSERT_TRUE(error);
   EXPECT_EQ(error->RaisedBy(), "Dept");
@@ -54,18 +54,19 @@ TEST(clsSectionErrorResponse, ReadsTheFieldsOfAnError) {
 
 TEST(clsSectionErrorResponse, LeavesErrorsFurtherDownAlone) {
   clsSectionErrorResponse section;
-  ASSERT_TRUE(Read(section,
-                   "<ErrorResponse><Other><Error/></Other><Application><Inner><Error/></Inner></Application>"
-                   "</ErrorResponse>"));
+  ASSERT_TRUE(
+      ReadInto(section,
+               "<ErrorResponse><Other><Error/></Other><Application><Inner><Error/></Inner></Application>"
+               "</ErrorResponse>"));
   EXPECT_EQ(section.ErrorCount(), 0);
 }
 
 TEST(clsSectionErrorResponse, ReadingDropsTheErrorsHeldBefore) {
   clsSectionErrorResponse section;
   section.AddError(NewError(1));
-  ASSERT_TRUE(Read(section, "<ErrorResponse><Error><Number>2</Number></Error></ErrorResponse>"));
+  ASSERT_TRUE(ReadInto(section, "<ErrorResponse><Error><Number>2</Number></Error></ErrorResponse>"));
   EXPECT_EQ(Numbers(section), "2 ");
-  EXPECT_FALSE(Read(section, "<Errors><Error><Number>3</Number></Error></Errors>"));
+  EXPECT_FALSE(ReadInto(section, "<Errors><Error><Number>3</Number></Error></Errors>"));
   EXPECT_EQ(section.ErrorCount(), 0);
 }
 
@@ -134,12 +135,12 @@ TEST(clsSectionErrorResponse, WritesItsErrorsInOrderInTheFormThatItReads) {
             "<Number>2</Number><Type>business</Type><Text>Text</Text><Location>Here</Location></Error>"
             "</ErrorResponse>");
   clsSectionErrorResponse again;
-  ASSERT_TRUE(Read(again, text));
+  ASSERT_TRUE(ReadInto(again, text));
   EXPECT_EQ(Written(again), text);
 }
 
 TEST(clsSectionErrorResponse, ReplacesTheErrorsOfTheElementThere) {
-  const XmlNode root = Parsed(
+  const XmlNode root = Root(
       "<P><ErrorResponse><Application><Error><Number>9</Number></Error></Application><Error/></"
       "ErrorResponse></P>");
   clsSectionErrorResponse section;
@@ -155,7 +156,7 @@ TEST(clsSectionErrorResponse, IsValidatedWithAllItsErrors) {
   EXPECT_FALSE(section.Validated());
   section.GetError(1)->Validated(true);
   EXPECT_TRUE(section.Validated());
-  ASSERT_TRUE(Read(section, "<ErrorResponse/>"));
+  ASSERT_TRUE(ReadInto(section, "<ErrorResponse/>"));
   EXPECT_FALSE(section.Validated());
 }
 

@@ -1,6 +1,6 @@
 #include "zelnor/documents/clsSectionPOC.h"
 
-#include "documents/record_xml.h"
+#include "support/records.h"
 #include <gtest/gtest.h>
 
 namespace zelnor {
@@ -9,7 +9,7 @@ namespace {
 TEST(clsSectionPOC, ReadsAndWritesNothing) {
   clsSectionPOC section;
   EXPECT_FALSE(section.ParseFromXML("<RTI></RTI>"));
-  EXPECT_FALSE(record_xml::Read(section, "<RTI></RTI>"));
+  EXPECT_FALSE(test::ReadInto(section, "<RTI></RTI>"));
   EXPECT_EQ(section.XML(), "");
   EXPECT_FALSE(section.Document());
 }

@@ -44,6 +44,25 @@ String ParentAfterWriting(T& record, const String& parent_xml) {
   return parent.Xml();
 }
 
+/// Lets a record read the document element of the text, and returns its verdict.
+template <class T>
+bool ReadInto(T& record, const String& xml) {
+  return record.CreateFromXML(Root(xml));
+}
+
+/// The base names of a node's children, in order.
+inline std::vector<String> ChildNames(const XmlNode& node) {
+  std::vector<String> names;
+  for (const XmlNode& child : node.ChildNodes()) names.emplace_back(child.BaseName());
+  return names;
+}
+
+/// The text of the child of that name; "(absent)" when there is none.
+inline String ChildText(const XmlNode& node, std::string_view name) {
+  const XmlNode child = node.FindChild(name);
+  return child ? child.Text() : "(absent)";
+}
+
 /// Texts without outer white space that a field must bring through a document.
 inline const std::vector<String>& TextsThatComeBack() {
   static const std::vector<String> texts = {"a",
