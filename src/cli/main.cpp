@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <malloc.h>
 
 #include <CLI/CLI.hpp>
 
