@@ -94,6 +94,7 @@ int main(int argc, char** argv) {
   // Whole documents come and go: the memory of one serves the next, and isn't handed back in between.
   constexpr int kKeptMemory = 1 << 30;
   mallopt(M_TRIM_THRESHOLD, kKeptMemory);
+  mallopt(M_MXFAST, 0);
   const int status = zelnor::cli::Run(argc, argv);
   if (caught_signal != 0) {
     std::signal(caught_signal, SIG_DFL);

@@ -32,19 +32,27 @@ class Digest {
   }
 
  private:
-  // The five variables change their places with each round; five rounds at a time bring them back.
   void Compress(const WordBlock& block) {
     std::array<std::uint32_t, 80> w;
     for (std::size_t t = 0; t < 16; ++t) w[t] = block[t];
     for (std::size_t t = 16; t < 80; ++t) w[t] = std::rotl(w[t - 3] ^ w[t - 8] ^ w[t - 14] ^ w[t - 16], 1);
     std::uint32_t a = state_[0], b = state_[1], c = state_[2], d = state_[3], e = state_[4];
-    for (std::size_t t = 0; t < 80; t += 5) {
-      Round(t, a, b, c, d, e, w[t]);
-      Round(t, e, a, b, c, d, w[t + 1]);
-      Round(t, d, e, a, b, c, w[t + 2]);
-      Round(t, c, d, e, a, b, w[t + 3]);
-      Round(t, b, c, d, e, a, w[t + 4]);
-    }
+    // The five variables change their places with each round; five rounds bring them back.
+    const auto five_rounds = [&](std::size_t t, auto mix, std::uint32_t constant) {
+      Round(a, b, e, mix(b, c, d) + constant + w[t]);
+      Round(e, a, d, mix(a, b, c) + constant + w[t + 1]);
+      Round(d, e, c, mix(e, a, b) + constant + w[t + 2]);
+      Round(c, d, b, mix(d, e, a) + constant + w[t + 3]);
+      Round(b, c, a, mix(c, d, e) + constant + w[t + 4]);
+    };
+    using Word = std::uint32_t;
+    const auto choose = [](Word x, Word y, Word z) { return z ^ (x & (y ^ z)); };
+    const auto parity = [](Word x, Word y, Word z) { return x ^ y ^ z; };
+    const auto majority = [](Word x, Word y, Word z) { return (x & y) | (z & (x | y)); };
+    for (std::size_t t = 0; t < 20; t += 5) five_rounds(t, choose, 0x5a827999);
+    for (std::size_t t = 20; t < 40; t += 5) five_rounds(t, parity, 0x6ed9eba1);
+    for (std::size_t t = 40; t < 60; t += 5) five_rounds(t, majority, 0x8f1bbcdc);
+    for (std::size_t t = 60; t < 80; t += 5) five_rounds(t, parity, 0xca62c1d6);
     state_[0] += a;
     state_[1] += b;
     state_[2] += c;
@@ -52,18 +60,8 @@ class Digest {
     state_[4] += e;
   }
 
-  static void Round(std::size_t t, std::uint32_t a, std::uint32_t& b, std::uint32_t c, std::uint32_t d,
-                    std::uint32_t& e, std::uint32_t word) {
-    if (t < 20) {
-      e += ((b & c) | (~b & d)) + 0x5a827999;
-    } else if (t < 40) {
-      e += (b ^ c ^ d) + 0x6ed9eba1;
-    } else if (t < 60) {
-      e += ((b & c) | (b & d) | (c & d)) + 0x8f1bbcdc;
-    } else {
-      e += (b ^ c ^ d) + 0xca62c1d6;
-    }
-    e += std::rotl(a, 5) + word;
+  static void Round(std::uint32_t a, std::uint32_t& b, std::uint32_t& e, std::uint32_t mixed) {
+    e += std::rotl(a, 5) + mixed;
     b = std::rotl(b, 30);
   }
 

@@ -1,11 +1,20 @@
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/xml_tree.h"
 
+#include <array>
+
 namespace zelnor {
 namespace {
 
 constexpr std::size_t kPieceSize = 1 << 16;
 constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
+
+// The characters that can't always stand as themselves.
+constexpr std::array<bool, 256> kMayNeedReference = [] {
+  std::array<bool, 256> table{};
+  for (const char c : {'&', '<', '>', '"', '\r', '\n', '\t'}) table[static_cast<unsigned char>(c)] = true;
+  return table;
+}();
 
 // Writes nodes as XML text, declaring each namespace exactly where it comes into scope.
 class Writer {
@@ -158,37 +167,32 @@ class Writer {
   }
 
   // White space that a parser would change on the way back in stands as a character reference.
+  static std::string_view ReferenceOf(char c, bool in_attribute) {
+    switch (c) {
+      case '&':
+        return "&amp;";
+      case '<':
+        return "&lt;";
+      case '>':
+        return in_attribute ? "" : "&gt;";
+      case '"':
+        return in_attribute ? "&quot;" : "";
+      case '\r':
+        return "&#xD;";
+      case '\n':
+        return in_attribute ? "&#xA;" : "";
+      case '\t':
+        return in_attribute ? "&#x9;" : "";
+      default:
+        return {};
+    }
+  }
+
   void Escaped(std::string_view text, bool in_attribute) {
     std::size_t plain_from = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-      const auto byte = static_cast<unsigned char>(text[i]);
-      if (byte > '>') continue;
-      std::string_view reference;
-      switch (byte) {
-        case '&':
-          reference = "&amp;";
-          break;
-        case '<':
-          reference = "&lt;";
-          break;
-        case '>':
-          if (!in_attribute) reference = "&gt;";
-          break;
-        case '"':
-          if (in_attribute) reference = "&quot;";
-          break;
-        case '\r':
-          reference = "&#xD;";
-          break;
-        case '\n':
-          if (in_attribute) reference = "&#xA;";
-          break;
-        case '\t':
-          if (in_attribute) reference = "&#x9;";
-          break;
-        default:
-          break;
-      }
+      if (!kMayNeedReference[static_cast<unsigned char>(text[i])]) continue;
+      const std::string_view reference = ReferenceOf(text[i], in_attribute);
       if (reference.empty()) continue;
       text_.append(text.substr(plain_from, i - plain_from)).append(reference);
       plain_from = i + 1;
