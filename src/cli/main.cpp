@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <malloc.h>
 
 #include <CLI/CLI.hpp>
 
@@ -90,6 +91,9 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   using zelnor::cli::caught_signal;
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, zelnor::cli::Remember);
+  // Whole documents come and go: the memory of one serves the next, and isn't handed back in between.
+  constexpr int kKeptMemory = 1 << 30;
+  mallopt(M_TRIM_THRESHOLD, kKeptMemory);
   const int status = zelnor::cli::Run(argc, argv);
   if (caught_signal != 0) {
     std::signal(caught_signal, SIG_DFL);

@@ -51,8 +51,8 @@ int RunSave(const CommonOptions& options, const SaveOptions& save) {
   const SUBMISSION_RESULT result = rti.SaveSubmission(out);
   const bool saved = rti.SubmissionSaved();
   const String mark = saved ? rti.Submission()->Header()->DocIRMark()->value() : String();
-  const String path = saved ? rti.SubmissionFilePath() : String();
-  const String log = rti.ProcessingLog()->LogFilePath();
+  const String path = saved ? SystemPath(rti.SubmissionFilePath()) : String();
+  const String log = SystemPath(rti.ProcessingLog()->LogFilePath());
   const Json json = {{"result", NameOf(result)},
                      {"path", path},
                      {"irmark", {{"base64", mark}, {"base32", clsSHA1::Base32Of(mark)}}},

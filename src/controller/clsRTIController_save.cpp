@@ -20,6 +20,18 @@ String Count(std::int64_t number) { return Format(number, "#,##0"); }
 
 std::int64_t Now() { return CurrentHost()->Tick(); }
 
+// Marks the message and has its document hold the mark. A document that is built for the mark alone is nobody
+// else's yet, so that its header alone needs to be written again.
+void MarkAndRebuild(clsGovTalkMessage& message) {
+  const bool has_document = message.HasDocument();
+  clsSHA1().MarkSubmission(message);
+  if (has_document) {
+    message.ForceRebuild();
+  } else {
+    message.RewriteIRHeader();
+  }
+}
+
 }  // namespace
 
 SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
@@ -38,8 +50,7 @@ SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
     }
     clsGovTalkMessage& message = Required(mobjGovTalkMessage);
     if (!message.SubmissionDocument()->Header()->HasDocIRMarkValue()) {
-      clsSHA1().MarkSubmission(message);
-      message.ForceRebuild();
+      MarkAndRebuild(message);
     }
     const XmlDocument document = message.Document();
     document.ValidateOnParse(false);

@@ -462,6 +462,10 @@ XmlNode clsSubmission::ToXML(const XmlNode& xmlParent) {
   return result;
 }
 
+void clsSubmission::RewriteHeader(const XmlNode& xmlParent) {
+  Handled(kClass, "Sub RewriteHeader", [&] { Header()->ToXML(xmlParent.FindChild("IRenvelope")); });
+}
+
 void clsSubmission::WriteSection(const XmlNode& xmlEnvelope) {
   switch (submission_type_) {
     case IsEAS:

@@ -137,6 +137,9 @@ class ZELNOR_API clsSubmission {
   /// Writes the document under its parent, whose children are removed first.
   ZELNOR_INTERNAL XmlNode ToXML(const XmlNode& xmlParent);
 
+  /// Writes the header again, in its place in a document that is written already.
+  ZELNOR_INTERNAL void RewriteHeader(const XmlNode& xmlParent);
+
  private:
   void DropSectionsBut(eRTISUBMISSIONTYPE type);
   bool ReadEnvelope(const XmlNode& xmlNode);

@@ -194,6 +194,13 @@ void clsGovTalkMessage::ForceRebuild() {
   Handled(kClass, "Sub ForceRebuild", [&] { ToXML(nullptr); });
 }
 
+bool clsGovTalkMessage::HasDocument() const { return document_ && document_.HasChildNodes(); }
+
+void clsGovTalkMessage::RewriteIRHeader() {
+  Handled(kClass, "Sub RewriteIRHeader",
+          [&] { SubmissionDocument()->RewriteHeader(ChildOnce(body_element_, "Body")); });
+}
+
 XmlNode clsGovTalkMessage::ToXML(const XmlNode& xmlParent) {
   XmlNode result;
   Handled(kClass, "Function ToXML", [&] {

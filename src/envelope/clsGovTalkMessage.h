@@ -109,6 +109,13 @@ class ZELNOR_API clsGovTalkMessage {
   /// Builds the document anew, whatever its state. The former one stays valid for whoever holds it.
   void ForceRebuild();
 
+  /// Whether a document has been built or given; if not, nobody outside can hold it.
+  ZELNOR_INTERNAL bool HasDocument() const;
+
+  /// Writes the `IRheader` again into the document at hand, where nothing else has changed since it was
+  /// built.
+  ZELNOR_INTERNAL void RewriteIRHeader();
+
  private:
   void Hold(Ref<clsSubmission> submission);
   XmlNode ToXML(const XmlNode& xmlParent);

@@ -32,27 +32,39 @@ class Digest {
   }
 
  private:
+  // The five variables change their places with each round; five rounds at a time bring them back.
   void Compress(const WordBlock& block) {
     std::array<std::uint32_t, 80> w;
     for (std::size_t t = 0; t < 16; ++t) w[t] = block[t];
     for (std::size_t t = 16; t < 80; ++t) w[t] = std::rotl(w[t - 3] ^ w[t - 8] ^ w[t - 14] ^ w[t - 16], 1);
-    auto [a, b, c, d, e] = state_;
-    const auto round = [&, &a = a, &b = b, &c = c, &d = d, &e = e](std::size_t t, std::uint32_t f,
-                                                                   std::uint32_t k) {
-      const std::uint32_t next = std::rotl(a, 5) + f + e + k + w[t];
-      e = d;
-      d = c;
-      c = std::rotl(b, 30);
-      b = a;
-      a = next;
-    };
-    std::size_t t = 0;
-    for (; t < 20; ++t) round(t, (b & c) | (~b & d), 0x5a827999);
-    for (; t < 40; ++t) round(t, b ^ c ^ d, 0x6ed9eba1);
-    for (; t < 60; ++t) round(t, (b & c) | (b & d) | (c & d), 0x8f1bbcdc);
-    for (; t < 80; ++t) round(t, b ^ c ^ d, 0xca62c1d6);
-    const std::array<std::uint32_t, 5> added = {a, b, c, d, e};
-    for (std::size_t i = 0; i < state_.size(); ++i) state_[i] += added[i];
+    std::uint32_t a = state_[0], b = state_[1], c = state_[2], d = state_[3], e = state_[4];
+    for (std::size_t t = 0; t < 80; t += 5) {
+      Round(t, a, b, c, d, e, w[t]);
+      Round(t, e, a, b, c, d, w[t + 1]);
+      Round(t, d, e, a, b, c, w[t + 2]);
+      Round(t, c, d, e, a, b, w[t + 3]);
+      Round(t, b, c, d, e, a, w[t + 4]);
+    }
+    state_[0] += a;
+    state_[1] += b;
+    state_[2] += c;
+    state_[3] += d;
+    state_[4] += e;
+  }
+
+  static void Round(std::size_t t, std::uint32_t a, std::uint32_t& b, std::uint32_t c, std::uint32_t d,
+                    std::uint32_t& e, std::uint32_t word) {
+    if (t < 20) {
+      e += ((b & c) | (~b & d)) + 0x5a827999;
+    } else if (t < 40) {
+      e += (b ^ c ^ d) + 0x6ed9eba1;
+    } else if (t < 60) {
+      e += ((b & c) | (b & d) | (c & d)) + 0x8f1bbcdc;
+    } else {
+      e += (b ^ c ^ d) + 0xca62c1d6;
+    }
+    e += std::rotl(a, 5) + word;
+    b = std::rotl(b, 30);
   }
 
   std::array<std::uint32_t, 5> state_ = {0x67452301, 0xefcdab89, 0x98badcfe, 0x10325476, 0xc3d2e1f0};

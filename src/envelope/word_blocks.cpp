@@ -3,6 +3,7 @@
 #include "zelnor/platform/text.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace zelnor {
 namespace {
@@ -10,7 +11,14 @@ namespace {
 constexpr std::size_t kBlockBytes = 64;
 
 bool IsAscii(std::string_view text) {
-  return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+  std::uint64_t high_bits = 0;
+  for (; text.size() >= sizeof(high_bits); text.remove_prefix(sizeof(high_bits))) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, text.data(), sizeof(eight));
+    high_bits |= eight;
+  }
+  for (const char c : text) high_bits |= static_cast<unsigned char>(c);
+  return (high_bits & 0x8080808080808080U) == 0;
 }
 
 }  // namespace

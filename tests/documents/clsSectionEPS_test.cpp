@@ -266,6 +266,15 @@ TEST(clsSectionEPS, NeverWritesTheAmountOfAid) {
   EXPECT_THAT(Written(eps), Not(testing::HasSubstr("Aid>1000")));
 }
 
+TEST(clsSectionEPS, RemovesAnAmountOfAidFromTheElementThere) {
+  const XmlNode root = Root(
+      "<P><EmployerPaymentSummary><DeMinimisStateAid><Aid>5</Aid></DeMinimisStateAid></"
+      "EmployerPaymentSummary></P>");
+  clsSectionEPS eps;
+  eps.Agri(true);
+  EXPECT_THAT(ChildNames(eps.ToXML(root).FindChild("DeMinimisStateAid")), ElementsAre("Agri"));
+}
+
 TEST(clsSectionEPS, ReadsStateAidAsTruthValuesAndTheAmount) {
   clsSectionEPS eps;
   ASSERT_TRUE(
