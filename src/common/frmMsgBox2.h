@@ -57,6 +57,12 @@ class ZELNOR_API frmMsgBox2 {
   void Style(Long value);
   ///@}
 
+  /// The icon of the style: 16, 32, 48 or 64; 0 before the first style.
+  ZELNOR_INTERNAL Long IconPart() const;
+
+  /// What is left of the style without its icon, see Style.
+  ZELNOR_INTERNAL Long ButtonPart() const;
+
   /// Whether the check box was ticked when the message was last answered.
   bool DontShowAgain() const;
 

@@ -205,8 +205,9 @@ class ZELNOR_API clsEmployment : public Record {
   void WriteStarter(Element& out, eRTISUBMISSIONTYPE type);
   void WritePayAndFigures(Element& out, eRTISUBMISSIONTYPE type, EMPLOYEE_GENDER gender);
 
-  Collection<Ref<clsNILettersAndValues>>& MadeRows();
-  Ref<clsNILettersAndValues> RowOfLetter(const String& letter) const;
+  /// The first row of the same letter; nothing while the check is off.
+  Ref<clsNILettersAndValues> DuplicateOf(const clsNILettersAndValues& given) const;
+  /// The remembered answer, else what the person says.
   Long AnswerToDuplicate(const clsNILettersAndValues& held, const clsNILettersAndValues& given) const;
   String DuplicateReport(const clsNILettersAndValues& held, const clsNILettersAndValues& given) const;
 
