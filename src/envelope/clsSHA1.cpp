@@ -163,7 +163,7 @@ void clsSHA1::TakeMarks(const Places& places) {
 
 String clsSHA1::CreateIRMark2(const String& sXML) {
   try {
-    // A position behind the end tag, whether there is one or not: one character more than the tag is long.
+    // The position behind the end tag; without one, character 17.
     const std::size_t from = Find(sXML, "</GovTalkDetails>") + 17;
     const std::size_t end = Find(sXML, "</Body>", from + 1);
     const auto length = static_cast<std::ptrdiff_t>(end + 7) - static_cast<std::ptrdiff_t>(from);

@@ -149,7 +149,7 @@ TEST(Shift, ToTheRightFillsWithZeros) {
 }
 
 TEST(Shift, OutOf0To31IsAnOverflowAndGivesZero) {
-  for (const Integer bits : {-1, 32, 100}) {
+  for (const int bits : {-1, 32, 100}) {
     test::WithRecordingHost host;
     EXPECT_EQ(Steps::LShift(1, static_cast<Integer>(bits)), 0);
     EXPECT_EQ(Steps::RShift(1, static_cast<Integer>(bits)), 0);
