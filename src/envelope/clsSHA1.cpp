@@ -161,7 +161,7 @@ void clsSHA1::TakeMarks(const Places& places) {
 
 String clsSHA1::CreateIRMark2(const String& sXML) {
   try {
-    // A position behind the end tag, whether there is one or not: one character more than the tag is long.
+    // The position behind the end tag; without one, character 17.
     const std::size_t from = Find(sXML, "</GovTalkDetails>") + 17;
     const std::size_t end = Find(sXML, "</Body>", from + 1);
     const auto length = static_cast<std::ptrdiff_t>(end + 7) - static_cast<std::ptrdiff_t>(from);
@@ -237,8 +237,9 @@ String clsSHA1::Convert_b64_2_b2(const String& strBase64, Long lngBits) {
   String result;
   Handled("clsSHA1", "Function Convert_b64_2_b2", [&] {
     String bits;
-    for (const char c : strBase64.substr(0, strBase64.find('='))) {
-      const std::size_t position = kBase64.find(c);
+    for (const char16_t unit : ToUtf16(strBase64.substr(0, strBase64.find('=')))) {
+      const std::size_t position =
+          unit < 0x80 ? kBase64.find(static_cast<char>(unit)) : std::string_view::npos;
       const String digits = Long2Binary(position == std::string_view::npos ? 0 : static_cast<Long>(position));
       bits.append(6 - digits.size(), '0').append(digits);
     }
