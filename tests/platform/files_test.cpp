@@ -30,7 +30,7 @@ using testing::UnorderedElementsAre;
 using BecomeNobody;
 using ResultInChild;
 using ScopedEnvironment;
-using TemporaryFolder;
+using test::TemporaryFolder;
 
 /// The number of the error that the body raises; 0 when it raises none.
 template <class Body>

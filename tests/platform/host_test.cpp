@@ -29,7 +29,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 using ScopedEnvironment;
-using TemporaryFolder;
+using test::TemporaryFolder;
 
 // ---- messages
 

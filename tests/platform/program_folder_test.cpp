@@ -19,7 +19,7 @@ namespace {
 using BecomeNobody;
 using ResultInChild;
 using ScopedEnvironment;
-using TemporaryFolder;
+using test::TemporaryFolder;
 
 int ErrorOf(const std::function<void()>& body) {
   try {
