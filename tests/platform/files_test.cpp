@@ -27,9 +27,9 @@ namespace zelnor {
 namespace {
 
 using testing::UnorderedElementsAre;
-using BecomeNobody;
-using ResultInChild;
-using ScopedEnvironment;
+using test::BecomeNobody;
+using test::ResultInChild;
+using test::ScopedEnvironment;
 using test::TemporaryFolder;
 
 /// The number of the error that the body raises; 0 when it raises none.

@@ -28,7 +28,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
-using ScopedEnvironment;
+using test::ScopedEnvironment;
 using test::TemporaryFolder;
 
 // ---- messages

@@ -16,9 +16,9 @@
 namespace zelnor {
 namespace {
 
-using BecomeNobody;
-using ResultInChild;
-using ScopedEnvironment;
+using test::BecomeNobody;
+using test::ResultInChild;
+using test::ScopedEnvironment;
 using test::TemporaryFolder;
 
 int ErrorOf(const std::function<void()>& body) {
