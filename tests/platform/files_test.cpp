@@ -26,11 +26,11 @@
 namespace zelnor {
 namespace {
 
-using testing::UnorderedElementsAre;
 using test::BecomeNobody;
 using test::ResultInChild;
 using test::ScopedEnvironment;
 using test::TemporaryFolder;
+using testing::UnorderedElementsAre;
 
 /// The number of the error that the body raises; 0 when it raises none.
 template <class Body>
