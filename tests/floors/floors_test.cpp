@@ -8,7 +8,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using TemporaryFolder;
+using test::TemporaryFolder;
 
 const std::filesystem::path kSources = ZELNOR_SOURCE_DIR "/src";
 
