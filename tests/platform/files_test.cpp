@@ -618,6 +618,20 @@ TEST_F(FileDateTest, TellsTwoFilesOfOneSecondApart) {
   EXPECT_LT(date_at(500'000'000), date_at(500'010'000));
 }
 
+TEST_F(FileDateTest, TellsTwoWritesInARowApart) {
+  const TemporaryFolder folder;
+  const auto date_after_writing = [&] {
+    WriteFile(folder.At("a"), "x");
+    return FileDate(folder.At("a"));
+  };
+  Date last = date_after_writing();
+  for (int i = 0; i < 20; ++i) {
+    const Date next = date_after_writing();
+    EXPECT_LT(last, next);
+    last = next;
+  }
+}
+
 TEST_F(FileDateTest, RaisesByKindOfTrouble) {
   const TemporaryFolder folder;
   EXPECT_EQ(ErrorOf([&] { FileDate(folder.At("missing")); }), 53);
