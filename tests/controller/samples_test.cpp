@@ -10,11 +10,10 @@
 #include "zelnor/envelope/clsIRMark.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 
 #include "controller/controller_fixture.h"
+#include "support/shell.h"
 
 namespace zelnor::test {
 namespace {
@@ -25,18 +24,6 @@ using enum eRTISUBMISSIONTYPE;
 String FolderOf(const char* variable) {
   const char* folder = std::getenv(variable);
   return folder != nullptr && FolderExists(folder) ? folder : "";
-}
-
-// What a command prints, without the line end.
-String Printed(const String& command) {
-  String text;
-  std::FILE* pipe = popen(command.c_str(), "r");
-  if (pipe == nullptr) return text;
-  std::array<char, 256> piece{};
-  while (std::fgets(piece.data(), piece.size(), pipe) != nullptr) text += piece.data();
-  pclose(pipe);
-  while (text.ends_with('\n')) text.pop_back();
-  return text;
 }
 
 class SamplesTest : public ControllerTest {
@@ -76,7 +63,7 @@ class SamplesTest : public ControllerTest {
     text.erase(mark, text.find("</IRmark>") + 9 - mark);
     text.insert(5, " xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"");
     const String file = folder_.Put("body.xml", text);
-    return Printed("xmllint --c14n '" + file + "' | openssl dgst -sha1 -binary | openssl base64");
+    return OutputOf("xmllint --c14n '" + file + "' | openssl dgst -sha1 -binary | openssl base64");
   }
 };
 
