@@ -10,14 +10,14 @@ namespace {
 
 constexpr std::string_view kClass = "alsAppSettings";
 
-// Blanks at the ends of a text, which a document trims, come back only from an element that says so.
-void SetTextKeepingBlanks(const XmlNode& setting, const String& value) {
-  if (TrimXmlSpace(value).size() != value.size()) {
-    setting.Attribute("xml:space", "preserve");
-  } else {
-    setting.RemoveAttribute("xml:space");
-  }
-  setting.Text(value);
+// A file that can't be read is told of once, not at each of the many loads; again when it has changed.
+bool IsNews(const String& path, Date modified) {
+  static String told_path;
+  static Date told_date;
+  if (path == told_path && modified == told_date) return false;
+  told_path = path;
+  told_date = modified;
+  return true;
 }
 
 }  // namespace
@@ -46,7 +46,7 @@ void alsAppSettings::CreateConfigFile() {
 void alsAppSettings::LoadConfig() {
   Handled(kClass, "Sub LoadConfig", [&] {
     document_ = XmlDocument();
-    if (document_.Load(path_)) return;
+    if (document_.Load(path_) || !IsNews(path_, FileDate(path_))) return;
     const XmlParseError& error = document_.ParseError();
     throw RuntimeError(440, "ZELNOR",
                        "The settings file " + path_ + " can't be read (line " + std::to_string(error.line) +
@@ -63,14 +63,11 @@ Date alsAppSettings::GetLastModifiedDate() {
 
 bool alsAppSettings::FileChangedSinceLastAccessed() { return last_known_ != GetLastModifiedDate(); }
 
-// A file that is gone keeps what was read of it.
 void alsAppSettings::ReloadWhenChanged() {
-  if (FileExists(path_) && FileChangedSinceLastAccessed()) LoadConfig();
+  if (last_known_ != FileDate(path_)) LoadConfig();
 }
 
-// A key such as "." or "*" would reach more than one setting, so it must be an element name (error 5).
 XmlNode alsAppSettings::Find(const String& key, const String& version) {
-  document_.CreateElement(key);
   String path = "Config/Settings/" + key;
   if (!version.empty()) path += "[@Version='" + version + "']";
   return document_.SelectSingleNode(path);
@@ -91,7 +88,7 @@ bool alsAppSettings::SetSetting(const String& strKey, const String& strValue, co
     ReloadWhenChanged();
     XmlNode setting = Find(strKey, strVersion);
     if (!setting) setting = document_.SelectSingleNode("Config/Settings").AppendElement(strKey);
-    SetTextKeepingBlanks(setting, strValue);
+    setting.Text(strValue);
     if (!strVersion.empty()) setting.Attribute("Version", strVersion);
     if (!batching_) Save();
     result = true;
@@ -121,10 +118,8 @@ void alsAppSettings::WriteDocument() {
 }
 
 void alsAppSettings::EndUpdate() {
-  Handled(kClass, "Sub EndUpdate", [&] {
-    WriteDocument();
-    batching_ = false;
-  });
+  batching_ = false;
+  Handled(kClass, "Sub EndUpdate", [&] { WriteDocument(); });
 }
 
 void alsAppSettings::Save() {

@@ -25,15 +25,12 @@ Date DayFromXML(std::string_view text) {
   return Date::FromParts(number(1, 4), number(6, 2), number(9, 2));
 }
 
-Date TimeFromXML(std::string_view text) {
-  const auto number = [&](std::ptrdiff_t start) { return ToInteger(Mid(text, start, 2)); };
-  return Date::FromTime(number(1), number(4), number(7));
-}
-
-// The sum: 24:00:00 is the next day's beginning.
-Date Plus(Date day, Date time) {
-  const double whole = std::floor(time.Serial());
-  return day.AddDays(static_cast<int>(whole)).WithTimeOf(Date::FromSerial(time.Serial() - whole));
+// The day at a time of day; 24:00:00 is the next day's beginning.
+Date WithTimeFromXML(Date day, std::string_view text) {
+  const auto number = [&](std::ptrdiff_t start) { return int{ToInteger(Mid(text, start, 2))}; };
+  const int seconds = number(1) * 3600 + number(4) * 60 + number(7);
+  const int days = static_cast<int>(std::floor(seconds / 86400.0));
+  return day.AddDays(days).WithTimeOf(Date::FromTime(0, 0, seconds - days * 86400));
 }
 
 }  // namespace
@@ -46,8 +43,8 @@ String PrettyPrintXML(const String& strXML, bool blnOmitDeclaration) {
   return result;
 }
 
-// One pass from the left: what stands before a replaced tag holds no further "/>", so nothing would be found
-// there again.
+// One pass from the left. A name that ends in "/" (no element has one) is not looked at again: its tags would
+// multiply.
 String ReplaceInlineEmptyXMLElements(const String& strXML) {
   String result;
   Handled(kModule, "Function ReplaceInlineEmptyXMLElements", [&] {
@@ -145,6 +142,7 @@ XmlNode GetSingularElementFromDocument(const String& strName, const XmlDocument&
                                        const String& strNamespace) {
   XmlNode result;
   Handled(kModule, "Function GetSingularElementFromDocument", [&] {
+    if (!xmlDoc) return;
     const String ns = strNamespace.empty() ? xmlDoc.DocumentElement().ChildNamespace() : strNamespace;
     const std::vector<XmlNode> found = xmlDoc.GetElementsByTagName(strName);
     result = found.empty() ? xmlDoc.Node().AppendElement(strName, ns) : found.front();
@@ -193,9 +191,9 @@ Date DateFromXML(const String& strDate) {
       result = DayFromXML(strDate);
     } else if (length == 19 || length == 23) {
       const std::size_t t = strDate.find('T');
-      if (t == String::npos) ThrowOutOfSubscript();
       const Date day = DayFromXML(strDate.substr(0, t));
-      result = Plus(day, TimeFromXML(Left(strDate.substr(t + 1), 8)));
+      if (t == String::npos) ThrowOutOfSubscript();
+      result = WithTimeFromXML(day, Left(strDate.substr(t + 1), 8));
     }
   });
   return result;

@@ -163,7 +163,7 @@ TEST(clsNILettersAndValues, ReadingClearsTheRecord) {
   EXPECT_EQ(row.NILetter(), "");
   EXPECT_EQ(row.SCON(), "");
   EXPECT_FALSE(row.NICRefund());
-  for (const Currency amount :
+  for (const Currency& amount :
        {row.PaySubjectToNIC(), row.PaySubjectToNICYTD(), row.AtLEL(), row.LELtoPT(), row.PTtoUAP(),
         row.UAPtoUEL(), row.PTtoUEL(), row.TotalEmpNIC(), row.TotalEmpNICYTD(), row.EmpeeContribns(),
         row.EmpeeContribnsYTD(), row.GrossEarningsForNICs()})
