@@ -90,6 +90,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   using zelnor::cli::caught_signal;
+  std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the limit is an error to report
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, zelnor::cli::Remember);
   // Whole documents come and go: the memory of one serves the next, and isn't handed back in between.
   constexpr int kKeptMemory = 1 << 30;

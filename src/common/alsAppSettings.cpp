@@ -10,6 +10,16 @@ namespace {
 
 constexpr std::string_view kClass = "alsAppSettings";
 
+// Blanks at the ends of a text, which a document trims, come back only from an element that says so.
+void SetTextKeepingBlanks(const XmlNode& setting, const String& value) {
+  if (TrimXmlSpace(value).size() != value.size()) {
+    setting.Attribute("xml:space", "preserve");
+  } else {
+    setting.RemoveAttribute("xml:space");
+  }
+  setting.Text(value);
+}
+
 }  // namespace
 
 alsAppSettings::alsAppSettings() {
@@ -58,7 +68,9 @@ void alsAppSettings::ReloadWhenChanged() {
   if (FileExists(path_) && FileChangedSinceLastAccessed()) LoadConfig();
 }
 
+// A key such as "." or "*" would reach more than one setting, so it must be an element name (error 5).
 XmlNode alsAppSettings::Find(const String& key, const String& version) {
+  document_.CreateElement(key);
   String path = "Config/Settings/" + key;
   if (!version.empty()) path += "[@Version='" + version + "']";
   return document_.SelectSingleNode(path);
@@ -79,7 +91,7 @@ bool alsAppSettings::SetSetting(const String& strKey, const String& strValue, co
     ReloadWhenChanged();
     XmlNode setting = Find(strKey, strVersion);
     if (!setting) setting = document_.SelectSingleNode("Config/Settings").AppendElement(strKey);
-    setting.Text(strValue);
+    SetTextKeepingBlanks(setting, strValue);
     if (!strVersion.empty()) setting.Attribute("Version", strVersion);
     if (!batching_) Save();
     result = true;
@@ -102,16 +114,22 @@ bool alsAppSettings::RemoveSetting(const String& strKey, const String& strVersio
 
 void alsAppSettings::BeginUpdate() { batching_ = true; }
 
+// After a failed load there is nothing to write: the file, which a person may still mend, is left alone.
+void alsAppSettings::WriteDocument() {
+  if (!document_.DocumentElement()) ThrowObjectNotSet();
+  document_.Save(path_);
+}
+
 void alsAppSettings::EndUpdate() {
   Handled(kClass, "Sub EndUpdate", [&] {
-    document_.Save(path_);
+    WriteDocument();
     batching_ = false;
   });
 }
 
 void alsAppSettings::Save() {
   Handled(kClass, "Sub Save", [&] {
-    document_.Save(path_);
+    WriteDocument();
     last_known_ = FileDate(path_);
   });
 }

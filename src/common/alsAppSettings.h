@@ -32,28 +32,37 @@ class ZELNOR_API alsAppSettings {
   bool FileChangedSinceLastAccessed();
 
   /// The text of a key; empty when there is none. With a version, only the key's element with that attribute
-  /// `Version` is looked at; without one, the first element of the key.
+  /// `Version` is looked at; without one, the first element of the key. A key that is no element name is
+  /// reported (error 5) and gives empty text.
   String ReadSetting(const String& strKey, const String& strVersion = {});
 
-  /// Writes a key's text, and the file unless updates are gathered. True; False after a failure, such as a
-  /// key that is no element name.
+  /// Writes a key's text, and the file unless updates are gathered. Any text comes back as it was, its blanks
+  /// too, but for what no XML file can hold: a carriage return (a line feed comes back) and a forbidden
+  /// character (U+FFFD). True, also when the file could not be written, which Save reports; False after a
+  /// failure: a key that is no element name (error 5), a file without `Settings` (error 91).
   bool SetSetting(const String& strKey, const String& strValue, const String& strVersion = {});
 
   /// Asks the document itself to remove the key's element. Since a setting is no child of the document this
   /// is refused: a key that is there is reported as an error. False.
   bool RemoveSetting(const String& strKey, const String& strVersion = {});
 
-  /// Gathers changes until EndUpdate writes them.
+  /// From here on changes stay in this object, until EndUpdate writes them. Gather in an object that has
+  /// saved once: one that has only loaded sees the file as changed, loads it again before its next operation
+  /// and so loses what it gathered.
   void BeginUpdate();
+
+  /// Writes the file and ends the gathering. The file counts as changed afterwards.
   void EndUpdate();
 
-  /// Writes the file.
+  /// Writes the file. Without a document, after a failed load, that is refused (error 91) and the file left
+  /// alone.
   void Save();
 
  private:
   void CreateConfigFile();
   XmlNode Find(const String& key, const String& version);
   void ReloadWhenChanged();
+  void WriteDocument();
 
   String path_;
   XmlDocument document_;

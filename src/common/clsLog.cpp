@@ -47,9 +47,10 @@ void AppendCopy(const XmlNode& holder, const XmlNode& node) {
 
 clsLog::clsLog() {
   Handled(kClass, "Sub Class_Initialize", [&] {
-    ReadSettings();
+    // First, so that a setting that is no number costs its own effect and not the log.
     BuildDocument();
     is_saved_to_date_ = true;
+    ReadSettings();
   });
 }
 
@@ -94,8 +95,10 @@ void clsLog::BuildDocument() {
 
 clsLog::~clsLog() {
   if (is_saved_to_date_) return;
-  AddTiming("TerminateLog", "Log terminated at " + Moment("Dd/Mm/yyyy Hh:Nn:Ss") + ".");
-  Save();
+  Handled(kClass, "Sub Class_Terminate", [&] {
+    AddTiming("TerminateLog", "Log terminated at " + Moment("Dd/Mm/yyyy Hh:Nn:Ss") + ".");
+    Save();
+  });
 }
 
 XmlNode clsLog::AddNode(const XmlNode& parent, const String& strName, const String& strText) {
@@ -249,7 +252,12 @@ bool clsLog::ReplaceErrors(const char* member, const String& type, const XmlNode
   Handled(kClass, member, [&] {
     if (!xmlNode) return;
     ClearChildNodesOfType(validation_errors_, type);
-    for (const XmlNode& child : xmlNode.ChildNodes()) AppendCopy(validation_errors_, child);
+    // Up to the last of now: the node may be the element itself that grows.
+    const XmlNode last = xmlNode.LastChild();
+    for (const XmlNode& child : xmlNode.ChildNodes()) {
+      AppendCopy(validation_errors_, child);
+      if (child == last) break;
+    }
     is_saved_to_date_ = false;
     result = true;
   });
@@ -377,10 +385,12 @@ bool clsLog::Save(const String& strFilepath) {
 }
 
 // A folder in which no file bears the prefix gives a list without bounds: error 9, and the log isn't written.
+// A limit below 0, which only a hand can have written, deletes nothing.
 void clsLog::DeleteOldLogs() {
   std::vector<String> names;
   if (!LogFiles(names)) return;
   if (names.empty()) ThrowOutOfSubscript();
+  if (max_logs_ < 0) return;
   const auto limit = static_cast<std::size_t>(max_logs_);
   for (std::size_t i = 0; i + limit < names.size(); ++i)
     DeleteFile(WithTrailingSeparator(log_directory_) + names[i]);

@@ -6,6 +6,7 @@
 #include "zelnor/platform/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zelnor {
 namespace {
@@ -27,6 +28,12 @@ Date DayFromXML(std::string_view text) {
 Date TimeFromXML(std::string_view text) {
   const auto number = [&](std::ptrdiff_t start) { return ToInteger(Mid(text, start, 2)); };
   return Date::FromTime(number(1), number(4), number(7));
+}
+
+// The sum: 24:00:00 is the next day's beginning.
+Date Plus(Date day, Date time) {
+  const double whole = std::floor(time.Serial());
+  return day.AddDays(static_cast<int>(whole)).WithTimeOf(Date::FromSerial(time.Serial() - whole));
 }
 
 }  // namespace
@@ -91,7 +98,8 @@ String CreateFolder(const String& strPath) {
     const String folder = GetPathOnly(strPath);
     if (!FolderExists(folder)) {
       CreateFolder(folder);
-      MakeFolder(folder);
+      // Where a separator is doubled the folder was made as its own parent.
+      if (!FolderExists(folder)) MakeFolder(folder);
     }
     result = strPath;
   } catch (...) {
@@ -147,8 +155,10 @@ XmlNode GetSingularElementFromDocument(const String& strName, const XmlDocument&
 String GetXMLBranchNamespace(const XmlNode& node) {
   String result;
   Handled(kModule, "Function GetXMLBranchNamespace", [&] {
-    for (XmlNode at = node; at.IsElement() && result.empty(); at = at.ParentNode())
+    for (XmlNode at = node; at.IsElement() && result.empty(); at = at.ParentNode()) {
       result = at.ChildNamespace();
+      if (at.Attribute("xmlns")) return;  // an empty one, too, ends the search
+    }
   });
   return result;
 }
@@ -185,7 +195,7 @@ Date DateFromXML(const String& strDate) {
       const std::size_t t = strDate.find('T');
       if (t == String::npos) ThrowOutOfSubscript();
       const Date day = DayFromXML(strDate.substr(0, t));
-      result = day.WithTimeOf(TimeFromXML(Left(strDate.substr(t + 1), 8)));
+      result = Plus(day, TimeFromXML(Left(strDate.substr(t + 1), 8)));
     }
   });
   return result;

@@ -35,6 +35,14 @@ class ZELNOR_API Currency {
  public:
   /// Zero.
   constexpr Currency() = default;
+  constexpr Currency(const Currency&) = default;
+
+  /// Written out, since g++ 12 takes `a = F();` of a class without one for a write even where F raises an
+  /// error, and then drops the value that `a` had before.
+  constexpr Currency& operator=(const Currency& other) {
+    units_ = other.units_;
+    return *this;
+  }
 
   /// A whole number of pounds.
   constexpr Currency(int pounds)
@@ -82,6 +90,13 @@ class ZELNOR_API Date {
  public:
   /// No date.
   constexpr Date() = default;
+  constexpr Date(const Date&) = default;
+
+  /// Written out for the same reason as that of Currency.
+  constexpr Date& operator=(const Date& other) {
+    serial_ = other.serial_;
+    return *this;
+  }
 
   /// From the floating count. Raises error 6 outside the years 100 to 9999.
   static Date FromSerial(double serial);

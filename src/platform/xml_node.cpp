@@ -89,6 +89,13 @@ bool IsSelfOrAncestor(const xmlNode* candidate, const xmlNode* node) {
   return false;
 }
 
+bool IsPlainName(std::string_view name) {
+  const auto is_letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; };
+  return !name.empty() && is_letter(name.front()) && std::all_of(name.begin(), name.end(), [&](char c) {
+    return is_letter(c) || (c >= '0' && c <= '9');
+  });
+}
+
 void CheckName(const String& name) {
   if (xmlValidateQName(Chars(name), 0) != 0) ThrowInvalidArgument();
 }
@@ -221,6 +228,14 @@ void RemoveInstructionAttribute(xmlNode* instruction, std::string_view name) {
     SetInstructionData(instruction, Trim(data));
     return;
   }
+}
+
+// A new last child without prefix.
+XmlNode AppendNew(xmlNode* parent, std::string_view name, xmlNs* ns) {
+  if (!IsPlainName(name) && xmlValidateNCName(Chars(String(name)), 0) != 0) ThrowInvalidArgument();
+  xmlNode* child = Tree::Of(parent).NewElement(name, ns);
+  Link(parent, child, nullptr);
+  return Handle(child);
 }
 
 void IgnoreError(void* /*context*/, xmlErrorPtr /*error*/) {}
@@ -553,22 +568,18 @@ void XmlNode::RemoveAttribute(std::string_view name) const {
 
 XmlNode XmlNode::AppendElement(std::string_view name, std::string_view namespace_uri) const {
   xmlNode* parent = Raw(*this);
-  Tree& tree = Tree::Of(parent);
   if (IsDocument(parent) || !MayHoldChildren(parent)) {
     return AppendChild(OwnerDocument().CreateNode(XmlNodeType::Element, name, namespace_uri));
   }
-  const String whole_name(name);
-  if (xmlValidateNCName(Chars(whole_name), 0) != 0) ThrowInvalidArgument();
-  xmlNode* child = tree.NewElement(name, tree.Namespace(namespace_uri, {}));
-  Link(parent, child, nullptr);
-  return Handle(child);
+  return AppendNew(parent, name, Tree::Of(parent).Namespace(namespace_uri, {}));
 }
 
 XmlNode XmlNode::AppendElement(std::string_view name) const {
-  const xmlNode* parent = Raw(*this);
+  xmlNode* parent = Raw(*this);
   if (parent->type != XML_ELEMENT_NODE) return AppendElement(name, {});
   if (const xmlNs* declared = DeclarationOn(parent, "")) return AppendElement(name, View(declared->href));
-  return AppendElement(name, parent->ns == nullptr ? std::string_view() : View(parent->ns->href));
+  if (parent->ns == nullptr || parent->ns->prefix == nullptr) return AppendNew(parent, name, parent->ns);
+  return AppendElement(name, View(parent->ns->href));
 }
 
 String XmlNode::ChildNamespace() const {

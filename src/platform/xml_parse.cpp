@@ -82,8 +82,9 @@ void OnError(void* context, xmlErrorPtr raised) {
 }
 
 bool IsBlank(const xmlNode* text) {
-  return std::all_of(View(text->content).begin(), View(text->content).end(),
-                     [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
+  const xmlChar* at = text->content;
+  while (*at == ' ' || *at == '\n' || *at == '\t' || *at == '\r') ++at;
+  return *at == 0;
 }
 
 // Drops a text of white space alone that has just been completed by what follows it.

@@ -183,10 +183,11 @@ xmlNode* Tree::NewText(std::string_view text) {
   return node;
 }
 
-xmlNode* Tree::CopyOne(const xmlNode* source) {
+xmlNode* Tree::CopyOne(const xmlNode* source, NamespacePair& last) {
   switch (source->type) {
     case XML_ELEMENT_NODE: {
-      xmlNode* copy = NewElement(View(source->name), Namespace(source->ns));
+      if (source->ns != last.theirs) last = {source->ns, Namespace(source->ns)};
+      xmlNode* copy = NewElement(View(source->name), last.ours);
       for (const xmlNs* declared = source->nsDef; declared != nullptr; declared = declared->next) {
         xmlNewNs(copy, declared->href, declared->prefix);
       }
@@ -221,7 +222,8 @@ xmlNode* Tree::CopyOne(const xmlNode* source) {
 }
 
 xmlNode* Tree::NewCopy(const xmlNode* source, bool deep) {
-  xmlNode* top = CopyOne(source);
+  NamespacePair last;
+  xmlNode* top = CopyOne(source, last);
   if (top == nullptr) throw std::bad_alloc();
   if (!deep || source->type == XML_ATTRIBUTE_NODE) return top;
   // Walks both trees in step, without recursion: documents may be deep.
@@ -241,7 +243,8 @@ xmlNode* Tree::NewCopy(const xmlNode* source, bool deep) {
       at = at->next;
       copy_at = copy_at->parent;
     }
-    xmlNode* child = at->type == XML_DTD_NODE || at->type == XML_ENTITY_REF_NODE ? NewText("") : CopyOne(at);
+    xmlNode* child =
+        at->type == XML_DTD_NODE || at->type == XML_ENTITY_REF_NODE ? NewText("") : CopyOne(at, last);
     if (child == nullptr) throw std::bad_alloc();
     child->parent = copy_at;
     child->prev = copy_at->last;

@@ -77,7 +77,13 @@ class Tree {
   ~Tree();
 
   void MoveHere(xmlNode* node);
-  xmlNode* CopyOne(const xmlNode* source);
+
+  /// A namespace of another tree and the same in this one, for as long as the other can't change.
+  struct NamespacePair {
+    const xmlNs* theirs = nullptr;
+    xmlNs* ours = nullptr;
+  };
+  xmlNode* CopyOne(const xmlNode* source, NamespacePair& last);
 
   xmlDoc* doc_ = nullptr;
   std::int64_t references_ = 0;

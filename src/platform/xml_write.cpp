@@ -137,6 +137,13 @@ class Writer {
 
   // An element's own declaration of a prefix stands, also where its name was made in another namespace.
   void Need(const xmlNode* element, const xmlNs* ns) {
+    if (ns != nullptr && ns == settled_ && scope_.size() == settled_size_) return;
+    NeedByName(element, ns);
+    settled_ = ns;
+    settled_size_ = scope_.size();
+  }
+
+  void NeedByName(const xmlNode* element, const xmlNs* ns) {
     const std::string_view prefix = ns == nullptr ? std::string_view() : View(ns->prefix);
     const std::string_view uri = ns == nullptr ? std::string_view() : View(ns->href);
     if (prefix == "xml" && uri == kXmlNamespace) return;
@@ -231,6 +238,8 @@ class Writer {
   const xmlNode* leave_out_;
   String text_;
   std::vector<Binding> scope_;
+  const xmlNs* settled_ = nullptr;  // the namespace that was looked at last, with the scope's size then
+  std::size_t settled_size_ = 0;
 };
 
 }  // namespace

@@ -1,9 +1,11 @@
 #include "zelnor/documents/clsSectionEPS.h"
 #include "zelnor/documents/clsSectionFPS.h"
+#include "zelnor/documents/clsSectionIRHeader.h"
 #include "zelnor/envelope/clsGTMChannelRouting.h"
 #include "zelnor/envelope/clsGTMGovTalkDetails.h"
 #include "zelnor/envelope/clsGTMMessageDetails.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
+#include "zelnor/envelope/clsIRMark.h"
 #include "zelnor/validation/error_record.h"
 
 #include "controller/controller_fixture.h"
@@ -304,6 +306,7 @@ TEST_F(ControllerTest, OneWarningAndNoNamespaceWithoutSchemas) {
   std::filesystem::remove_all(folder_.At("xsd"));
   clsRTIController rti;
   rti.ReadXML(Sample());
+  rti.Submission()->Header()->DocIRMark()->value("");
   rti.GovTalkMessage()->ForceRebuild();
   rti.GovTalkMessage()->ForceRebuild();
   ASSERT_EQ(host_->messages.size(), 1U);

@@ -14,7 +14,7 @@ struct StatusLine {
 };
 
 // What a run of Validate shows and logs.
-struct Run {
+struct Outcome {
   bool result = false;
   std::vector<StatusLine> status;
   std::vector<String> lines;
@@ -22,8 +22,8 @@ struct Run {
 
 class ValidationTest : public ControllerTest {
  protected:
-  static Run Validate(clsRTIController& rti) {
-    Run run;
+  static Outcome Validate(clsRTIController& rti) {
+    Outcome run;
     rti.events.ControllerStatus.connect([&](const String& stage, const String& detail, Long percent) {
       run.status.push_back({stage, detail, percent});
     });
@@ -33,7 +33,7 @@ class ValidationTest : public ControllerTest {
     return run;
   }
 
-  static std::vector<std::pair<String, Long>> Details(const Run& run) {
+  static std::vector<std::pair<String, Long>> Details(const Outcome& run) {
     std::vector<std::pair<String, Long>> details;
     for (const StatusLine& line : run.status) details.emplace_back(line.detail, line.percent);
     return details;
@@ -43,7 +43,7 @@ class ValidationTest : public ControllerTest {
 TEST_F(ValidationTest, RunsTheStagesInOrderAndTimesThem) {
   clsRTIController rti;
   rti.ReadXML(Sample());
-  const Run run = Validate(rti);
+  const Outcome run = Validate(rti);
   EXPECT_TRUE(run.result);
   EXPECT_THAT(
       Details(run),
@@ -74,14 +74,14 @@ TEST_F(ValidationTest, RunsTheStagesInOrderAndTimesThem) {
 TEST_F(ValidationTest, TimesAreGroupedAndMeasuredByTheTick) {
   host_->on_yield = [this] { host_->tick += 600; };
   clsRTIController rti;
-  const Run run = Validate(rti);
+  const Outcome run = Validate(rti);
   EXPECT_THAT(run.lines, testing::Contains("Total time to validate: 5,400 milliseconds."));
 }
 
 TEST_F(ValidationTest, AnEPSRunsThePaymentStageInPlaceOfTheEmployees) {
   clsRTIController rti;
   rti.SubmissionType(eRTISUBMISSIONTYPE::IsEPS);
-  const Run run = Validate(rti);
+  const Outcome run = Validate(rti);
   EXPECT_THAT(Details(run), testing::IsSupersetOf(
                                 {std::pair(String("Employee Validation Completed"), Long{76}),
                                  std::pair(String("Payment for Period Validation Completed"), Long{89})}));
@@ -96,7 +96,7 @@ TEST_F(ValidationTest, AnEPSRunsThePaymentStageInPlaceOfTheEmployees) {
 TEST_F(ValidationTest, IsTrueAtOnceWhenNotRequired) {
   clsRTIController rti;
   rti.ValidationRequired(false);
-  const Run run = Validate(rti);
+  const Outcome run = Validate(rti);
   EXPECT_TRUE(run.result);
   EXPECT_THAT(run.status, testing::IsEmpty());
   EXPECT_THAT(run.lines, testing::IsEmpty());
@@ -108,7 +108,7 @@ TEST_F(ValidationTest, TellsOfStagesThatAreSwitchedOff) {
   rti.DoEmployeeValidation(false);
   rti.DoPaymentValidation(false);
   rti.DoSchemaValidation(false);
-  const Run run = Validate(rti);
+  const Outcome run = Validate(rti);
   EXPECT_TRUE(run.result);
   EXPECT_THAT(run.lines,
               testing::IsSupersetOf({"Company Validation is disabled... proceeding with next stage.",
@@ -121,7 +121,7 @@ TEST_F(ValidationTest, TellsOfStagesThatAreSwitchedOff) {
 TEST_F(ValidationTest, WithoutTheEnvelopeStageTheResultIsFalseAndTheSchemaStageIsSkipped) {
   clsRTIController rti;
   rti.DoEnvelopeValidation(false);
-  const Run run = Validate(rti);
+  const Outcome run = Validate(rti);
   EXPECT_FALSE(run.result);
   EXPECT_THAT(run.lines, testing::Contains("Envelope Validation is disabled... proceeding with next stage."));
   EXPECT_THAT(run.lines, testing::Not(testing::Contains("Schema validation passed successfully.")));
@@ -132,7 +132,7 @@ TEST_F(ValidationTest, WithoutTheEnvelopeStageAnAllowanceEndsTheRunBehindTheComp
   clsRTIController rti;
   rti.DoEnvelopeValidation(false);
   rti.MaxErrors(3);
-  const Run run = Validate(rti);
+  const Outcome run = Validate(rti);
   EXPECT_FALSE(run.result);
   EXPECT_EQ(run.status.back().detail, "Validating Company...");
   EXPECT_EQ(run.lines.back(), "Company Validation completed in 0 milliseconds.");

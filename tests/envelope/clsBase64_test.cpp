@@ -1,7 +1,7 @@
 #include "zelnor/envelope/clsBase64.h"
 
-#include "envelope/shell.h"
 #include "support/recording_host.h"
+#include "support/shell.h"
 #include "support/temporary_folder.h"
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "zelnor/envelope/clsSHA256.h"
 
-#include "envelope/shell.h"
+#include "support/shell.h"
 #include "support/temporary_folder.h"
 #include <gtest/gtest.h>
 

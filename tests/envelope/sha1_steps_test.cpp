@@ -1,8 +1,8 @@
 #include <limits>
 
 #include "envelope/sha1_peer.h"
-#include "envelope/shell.h"
 #include "support/recording_host.h"
+#include "support/shell.h"
 #include "support/temporary_folder.h"
 #include <gtest/gtest.h>
 

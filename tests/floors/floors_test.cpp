@@ -6,9 +6,9 @@
 namespace zelnor::floors {
 namespace {
 
+using test::TemporaryFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using TemporaryFolder;
 
 const std::filesystem::path kSources = ZELNOR_SOURCE_DIR "/src";
 

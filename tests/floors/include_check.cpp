@@ -47,6 +47,7 @@ constexpr std::array kPlaces = {
     Place{"envelope/clsBase64", Floor::kEnvelopeLeaves},
     Place{"envelope/clsSHA256", Floor::kEnvelopeLeaves},
     Place{"envelope/clsDZEncoder", Floor::kEnvelopeLeaves},
+    Place{"envelope/word_blocks", Floor::kEnvelopeLeaves},
     Place{"documents/", Floor::kDocuments},
     Place{"envelope/clsGovTalkMessage", Floor::kEnvelopeTop},
     Place{"envelope/clsSHA1", Floor::kEnvelopeTop},

@@ -26,11 +26,11 @@
 namespace zelnor {
 namespace {
 
+using test::BecomeNobody;
+using test::ResultInChild;
+using test::ScopedEnvironment;
+using test::TemporaryFolder;
 using testing::UnorderedElementsAre;
-using BecomeNobody;
-using ResultInChild;
-using ScopedEnvironment;
-using TemporaryFolder;
 
 /// The number of the error that the body raises; 0 when it raises none.
 template <class Body>
@@ -616,6 +616,20 @@ TEST_F(FileDateTest, TellsTwoFilesOfOneSecondApart) {
     return FileDate(folder.At("a"));
   };
   EXPECT_LT(date_at(500'000'000), date_at(500'010'000));
+}
+
+TEST_F(FileDateTest, TellsTwoWritesInARowApart) {
+  const TemporaryFolder folder;
+  const auto date_after_writing = [&] {
+    WriteFile(folder.At("a"), "x");
+    return FileDate(folder.At("a"));
+  };
+  Date last = date_after_writing();
+  for (int i = 0; i < 20; ++i) {
+    const Date next = date_after_writing();
+    EXPECT_LT(last, next);
+    last = next;
+  }
 }
 
 TEST_F(FileDateTest, RaisesByKindOfTrouble) {

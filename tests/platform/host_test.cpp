@@ -26,10 +26,10 @@
 namespace zelnor {
 namespace {
 
+using test::ScopedEnvironment;
+using test::TemporaryFolder;
 using testing::HasSubstr;
 using testing::Not;
-using ScopedEnvironment;
-using TemporaryFolder;
 
 // ---- messages
 

@@ -16,10 +16,10 @@
 namespace zelnor {
 namespace {
 
-using BecomeNobody;
-using ResultInChild;
-using ScopedEnvironment;
-using TemporaryFolder;
+using test::BecomeNobody;
+using test::ResultInChild;
+using test::ScopedEnvironment;
+using test::TemporaryFolder;
 
 int ErrorOf(const std::function<void()>& body) {
   try {

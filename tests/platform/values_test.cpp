@@ -222,6 +222,19 @@ TEST(Date, AddsMonthsAndClampsTheDay) {
   EXPECT_EQ(Shown(Date::FromSerial(-1.25).AddMonths(-1)), "1899-11-29 06:00:00");
 }
 
+// Some compilers give up the stored value as soon as the call for the new one begins.
+TEST(Date, KeepsItsValueWhenTheOneToBeAssignedFails) {
+  Date kept = Date::FromParts(2014, 4, 6);
+  EXPECT_EQ(ErrorNumberOf([&] { kept = Date::FromSerial(1e9); }), 6);
+  EXPECT_EQ(kept, Date::FromParts(2014, 4, 6));
+}
+
+TEST(Currency, KeepsItsValueWhenTheOneToBeAssignedFails) {
+  Currency kept = Currency::FromUnits(12345);
+  EXPECT_EQ(ErrorNumberOf([&] { kept = Currency::FromPence(kMost); }), 6);
+  EXPECT_EQ(kept, Currency::FromUnits(12345));
+}
+
 TEST(Date, RefusesToLeaveItsYears) {
   EXPECT_EQ(Date::FromParts(9999, 12, 30).AddDays(1), Date::FromParts(9999, 12, 31));
   EXPECT_EQ(ErrorNumberOf([] { (void)Date::FromParts(9999, 12, 31).AddDays(1); }), 5);
