@@ -17,7 +17,7 @@ constexpr Long kAssignedEmploymentsRefused = 16;
 }
 
 bool HasTrivialCommutation(clsEmployment& employment) {
-  for (const Currency amount : employment.Payment()->TrivialCommutationPayment()) {
+  for (const Currency& amount : employment.Payment()->TrivialCommutationPayment()) {
     if (!amount.IsZero()) return true;
   }
   return false;
