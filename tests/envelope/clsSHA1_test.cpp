@@ -33,14 +33,23 @@ String Envelope(const String& header) {
          "</IRheader><FullPaymentSubmission></FullPaymentSubmission></IRenvelope></Body></GovTalkMessage>";
 }
 
-class clsSHA1Test : public testing::Test {
- protected:
-  clsSHA1Test() {
+// A program's folder of the test's own, in place before the first message reads its settings there.
+class HomeOfItsOwn {
+ public:
+  HomeOfItsOwn() {
     SetProgramFolder(folder_.Path());
     FurnishProgramFolder();
   }
-  ~clsSHA1Test() override { SetProgramFolder(""); }
+  HomeOfItsOwn(const HomeOfItsOwn&) = delete;
+  HomeOfItsOwn& operator=(const HomeOfItsOwn&) = delete;
+  ~HomeOfItsOwn() { SetProgramFolder(""); }
 
+ private:
+  test::TemporaryFolder folder_;
+};
+
+class clsSHA1Test : public testing::Test {
+ protected:
   // Takes the marks of an envelope as it stands.
   XmlDocument Mark(const String& xml) {
     const XmlDocument document;
@@ -73,7 +82,7 @@ class clsSHA1Test : public testing::Test {
     return {};
   }
 
-  test::TemporaryFolder folder_;
+  HomeOfItsOwn home_;
   test::WithRecordingHost host_;
   clsGovTalkMessage message_;
   clsSHA1 sha1_;
