@@ -103,6 +103,18 @@ ZELNOR_API XmlNode FirstNodeNamed(const String& strXML, std::string_view name);
 /// reported.
 ZELNOR_API XmlNode DocumentElementNamed(const String& strXML, std::string_view name);
 
+/// The ParseFromXML that all records share but those that take the document element: fills the record from
+/// the text's first node, which must bear its name. Nothing is reported of a text that doesn't parse.
+template <class T>
+bool ParseFirstNode(T& record, std::string_view class_name, const String& strXML) {
+  bool result = false;
+  Handled(class_name, "Function ParseFromXML", [&] {
+    const XmlNode node = FirstNodeNamed(strXML, record.RootElementName());
+    result = node && record.CreateFromXML(node);
+  });
+  return result;
+}
+
 /// Whether the text is "yes" in any case.
 ZELNOR_API bool IsYes(std::string_view text);
 

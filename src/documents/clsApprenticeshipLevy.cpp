@@ -10,11 +10,7 @@ void clsApprenticeshipLevy::Create(Integer intTaxMonth, Currency curLevyDueYTD, 
 }
 
 bool clsApprenticeshipLevy::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsApprenticeshipLevy", "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsApprenticeshipLevy", strXML);
 }
 
 bool clsApprenticeshipLevy::CreateFromXML(const XmlNode& xmlNode) {

@@ -27,14 +27,7 @@ Ref<clsCarDetails> clsBenefits::AddCarDetails(const String& strMake, const Strin
   return result;
 }
 
-bool clsBenefits::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsBenefits", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsBenefits::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsBenefits", strXML); }
 
 bool clsBenefits::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -45,12 +45,7 @@ void clsCarDetails::Create(const String& strMake, const String& strCO2, eFuel en
 }
 
 bool clsCarDetails::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsCarDetails", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsCarDetails", strXML);
 }
 
 bool clsCarDetails::CreateFromXML(const XmlNode& xmlNode) {

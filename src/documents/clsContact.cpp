@@ -35,14 +35,7 @@ void clsContact::Create(Ref<clsNameType> objContact, CollectionRef<clsEmailType>
   validated_ = false;
 }
 
-bool clsContact::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsContact", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsContact::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsContact", strXML); }
 
 bool clsContact::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

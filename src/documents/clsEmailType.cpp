@@ -12,12 +12,7 @@ void clsEmailType::Create(const String& strEmailAddress, EMAIL_TYPE eniEmailType
 }
 
 bool clsEmailType::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmailType", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsEmailType", strXML);
 }
 
 bool clsEmailType::CreateFromXML(const XmlNode& xmlNode) {

@@ -38,14 +38,7 @@ void clsEmployee::Create(Ref<clsEmployeeDetails> objEmployeeDetails,
   });
 }
 
-bool clsEmployee::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmployee", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsEmployee::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsEmployee", strXML); }
 
 bool clsEmployee::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -11,12 +11,7 @@ void clsEmployeeAddress::Create(const String& strAddrLine1, const String& strAdd
 }
 
 bool clsEmployeeAddress::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmployeeAddress", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsEmployeeAddress", strXML);
 }
 
 bool clsEmployeeAddress::CreateFromXML(const XmlNode& xmlNode) {

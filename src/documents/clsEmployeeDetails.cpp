@@ -23,12 +23,7 @@ void clsEmployeeDetails::Create(const String& strNINO, Ref<clsEmployeeNameType> 
 }
 
 bool clsEmployeeDetails::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmployeeDetails", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsEmployeeDetails", strXML);
 }
 
 bool clsEmployeeDetails::CreateFromXML(const XmlNode& xmlNode) {

@@ -10,12 +10,7 @@ void clsEmployeeNameType::Create(const String& strTitle, const String& strForena
 }
 
 bool clsEmployeeNameType::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmployeeNameType", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsEmployeeNameType", strXML);
 }
 
 bool clsEmployeeNameType::CreateFromXML(const XmlNode& xmlNode) {

@@ -11,12 +11,7 @@ void clsEmployeePartnerDetails::Create(const String& strNINO, Ref<clsEmployeeNam
 }
 
 bool clsEmployeePartnerDetails::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmployeePartnerDetails", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsEmployeePartnerDetails", strXML);
 }
 
 bool clsEmployeePartnerDetails::CreateFromXML(const XmlNode& xmlNode) {

@@ -36,12 +36,7 @@ void clsEmployerReferences::Create(const String& strOfficeNo, const String& strP
 }
 
 bool clsEmployerReferences::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmployerReferences", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsEmployerReferences", strXML);
 }
 
 bool clsEmployerReferences::CreateFromXML(const XmlNode& xmlNode) {

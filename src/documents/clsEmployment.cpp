@@ -47,12 +47,7 @@ void clsEmployment::Create(const String& strPayID, Ref<clsFiguresToDate> objFigu
 }
 
 bool clsEmployment::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsEmployment", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsEmployment", strXML);
 }
 
 bool clsEmployment::CreateFromXML(const XmlNode& xmlNode) {

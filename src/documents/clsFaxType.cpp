@@ -7,14 +7,7 @@ void clsFaxType::Create(const String& strFaxNo, TELEPHONE_TYPE eniType, bool bln
   line_.Create(strFaxNo, eniType, false, blnPreferred, strExtension);
 }
 
-bool clsFaxType::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsFaxType", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsFaxType::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsFaxType", strXML); }
 
 bool clsFaxType::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -16,12 +16,7 @@ void clsFiguresToDate::Create(Currency curTaxablePay, Currency curTotalTax, Curr
 }
 
 bool clsFiguresToDate::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsFiguresToDate", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsFiguresToDate", strXML);
 }
 
 bool clsFiguresToDate::CreateFromXML(const XmlNode& xmlNode) {

@@ -10,11 +10,7 @@ void clsFinalSubmission::Create(bool blnSchemeCeased, bool blnFinalForYear, Date
 }
 
 bool clsFinalSubmission::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsFinalSubmission", "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsFinalSubmission", strXML);
 }
 
 bool clsFinalSubmission::CreateFromXML(const XmlNode& xmlNode) {

@@ -19,12 +19,7 @@ void clsFlexibleDrawdown::Create(bool blnFlexiblyAccesingPensionRights, bool bln
 }
 
 bool clsFlexibleDrawdown::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsFlexibleDrawdown", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsFlexibleDrawdown", strXML);
 }
 
 bool clsFlexibleDrawdown::CreateFromXML(const XmlNode& xmlNode) {

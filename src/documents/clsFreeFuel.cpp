@@ -11,14 +11,7 @@ void clsFreeFuel::Create(Date datProvided, Currency curCashEquiv, Date datWithdr
   validated_ = false;
 }
 
-bool clsFreeFuel::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsFreeFuel", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsFreeFuel::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsFreeFuel", strXML); }
 
 bool clsFreeFuel::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -26,12 +26,7 @@ void clsNILettersAndValues::Create(const String& strNILetter, Currency curPaySub
 }
 
 bool clsNILettersAndValues::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsNILettersAndValues", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsNILettersAndValues", strXML);
 }
 
 bool clsNILettersAndValues::CreateFromXML(const XmlNode& xmlNode) {

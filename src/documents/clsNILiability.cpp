@@ -11,12 +11,7 @@ void clsNILiability::Create(DIRECTORS_NIC eniDirectorsNIC, Integer intWkMonthNoA
 }
 
 bool clsNILiability::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsNILiability", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsNILiability", strXML);
 }
 
 bool clsNILiability::CreateFromXML(const XmlNode& xmlNode) {

@@ -11,14 +11,7 @@ void clsNameType::Create(const String& strTitle, const String& strForename, cons
   validated_ = false;
 }
 
-bool clsNameType::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsNameType", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsNameType::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsNameType", strXML); }
 
 bool clsNameType::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -9,12 +9,7 @@ void clsOccPension::Create(Currency curAmount, bool blnBereaved) {
 }
 
 bool clsOccPension::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsOccPension", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsOccPension", strXML);
 }
 
 bool clsOccPension::CreateFromXML(const XmlNode& xmlNode) {

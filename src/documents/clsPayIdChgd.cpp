@@ -11,12 +11,7 @@ void clsPayIdChgd::Create(bool blnChanged, const String& strOldID) {
 }
 
 bool clsPayIdChgd::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsPayIdChgd", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsPayIdChgd", strXML);
 }
 
 bool clsPayIdChgd::CreateFromXML(const XmlNode& xmlNode) {

@@ -120,14 +120,7 @@ void clsPayment::Create(PAY_FREQUENCY eniPayFrequency, Date datPayDate, const St
   validated_ = false;
 }
 
-bool clsPayment::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsPayment", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsPayment::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsPayment", strXML); }
 
 bool clsPayment::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -21,11 +21,7 @@ void clsPaymentForPeriod::Create(Currency curSMPRecovered, Currency curOSPPRecov
 }
 
 bool clsPaymentForPeriod::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsPaymentForPeriod", "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsPaymentForPeriod", strXML);
 }
 
 bool clsPaymentForPeriod::CreateFromXML(const XmlNode& xmlNode) {

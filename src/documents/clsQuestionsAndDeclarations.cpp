@@ -14,11 +14,7 @@ void clsQuestionsAndDeclarations::Create(bool blnTaxFreePayments, bool blnExpens
 }
 
 bool clsQuestionsAndDeclarations::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsQuestionsAndDeclarations", "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsQuestionsAndDeclarations", strXML);
 }
 
 bool clsQuestionsAndDeclarations::CreateFromXML(const XmlNode& xmlNode) {

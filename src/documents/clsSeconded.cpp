@@ -27,14 +27,7 @@ void clsSeconded::Create(SECONDMENT_LENGTH enmSecondLength, bool blnEEACommCit, 
   validated_ = false;
 }
 
-bool clsSeconded::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsSeconded", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsSeconded::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsSeconded", strXML); }
 
 bool clsSeconded::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -14,13 +14,7 @@ void clsSectionEAS::Create(Ref<clsEmployerReferences> objEmployerReferences,
   validated_ = false;
 }
 
-bool clsSectionEAS::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled(ClassName(), "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
-}
+bool clsSectionEAS::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, ClassName(), strXML); }
 
 bool clsSectionEAS::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

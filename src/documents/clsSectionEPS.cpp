@@ -50,11 +50,7 @@ void clsSectionEPS::Create(Ref<clsEmployerReferences> objEmployerReferences, con
 }
 
 bool clsSectionEPS::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsSectionEPS", "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsSectionEPS", strXML);
 }
 
 bool clsSectionEPS::CreateFromXML(const XmlNode& xmlNode) {

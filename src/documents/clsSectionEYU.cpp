@@ -14,13 +14,7 @@ void clsSectionEYU::Create(Ref<clsEmployerReferences> objEmployerReferences, con
   validated_ = false;
 }
 
-bool clsSectionEYU::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled(ClassName(), "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
-}
+bool clsSectionEYU::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, ClassName(), strXML); }
 
 bool clsSectionEYU::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -20,13 +20,7 @@ void clsSectionFPS::Create(Ref<clsEmployerReferences> objEmployerReferences, con
   validated_ = false;
 }
 
-bool clsSectionFPS::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled(ClassName(), "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
-}
+bool clsSectionFPS::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, ClassName(), strXML); }
 
 bool clsSectionFPS::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -66,12 +66,7 @@ void clsSectionIRHeader::Create(Date datPeriodEndDate, enmSender eniSender, cons
 }
 
 bool clsSectionIRHeader::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsSectionIRHeader", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsSectionIRHeader", strXML);
 }
 
 bool clsSectionIRHeader::CreateFromXML(const XmlNode& xmlNode) {

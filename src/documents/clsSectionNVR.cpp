@@ -29,11 +29,7 @@ void clsSectionNVR::Create(Ref<clsEmployerReferences> objEmployerReferences,
 }
 
 bool clsSectionNVR::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsSectionNVR", "Function ParseFromXML", [&] {
-    if (const XmlNode node = FirstNodeNamed(strXML, RootElementName())) result = CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsSectionNVR", strXML);
 }
 
 bool clsSectionNVR::CreateFromXML(const XmlNode& xmlNode) {

@@ -41,14 +41,7 @@ void clsStarter::Create(Date datStartDate, STARTER_DECLARATION enmStartDec, bool
   validated_ = false;
 }
 
-bool clsStarter::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsStarter", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsStarter::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsStarter", strXML); }
 
 bool clsStarter::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -7,12 +7,7 @@ void clsStatePension::Create(Currency curAmount, bool blnBereaved) {
 }
 
 bool clsStatePension::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsStatePension", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsStatePension", strXML);
 }
 
 bool clsStatePension::CreateFromXML(const XmlNode& xmlNode) {

@@ -17,14 +17,7 @@ void clsTaxCode::Create(const String& strTaxCodeValue, bool blnBasisNonCumulativ
   validated_ = false;
 }
 
-bool clsTaxCode::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsTaxCode", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsTaxCode::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsTaxCode", strXML); }
 
 bool clsTaxCode::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -15,12 +15,7 @@ void clsTelephoneType::Create(const String& strTelephone, TELEPHONE_TYPE eniType
 }
 
 bool clsTelephoneType::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsTelephoneType", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsTelephoneType", strXML);
 }
 
 bool clsTelephoneType::CreateFromXML(const XmlNode& xmlNode) {

@@ -12,12 +12,7 @@ void clsGTMAuthentication::Create(const String& strMethod, const String& strRole
 }
 
 bool clsGTMAuthentication::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMAuthentication", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMAuthentication", strXML);
 }
 
 bool clsGTMAuthentication::CreateFromXML(const XmlNode& xmlNode) {

@@ -25,12 +25,7 @@ void clsGTMChannelRouting::Create(const String& strProduct, const String& strVer
 }
 
 bool clsGTMChannelRouting::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMChannelRouting", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMChannelRouting", strXML);
 }
 
 bool clsGTMChannelRouting::CreateFromXML(const XmlNode& xmlNode) {

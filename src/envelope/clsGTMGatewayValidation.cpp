@@ -9,12 +9,7 @@ void clsGTMGatewayValidation::Create(const String& strProcessed, const String& s
 }
 
 bool clsGTMGatewayValidation::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMGatewayValidation", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMGatewayValidation", strXML);
 }
 
 bool clsGTMGatewayValidation::CreateFromXML(const XmlNode& xmlNode) {

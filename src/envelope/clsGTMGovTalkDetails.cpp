@@ -38,12 +38,7 @@ void clsGTMGovTalkDetails::Create(const String& strKeyTaxOfficeNumber, const Str
 }
 
 bool clsGTMGovTalkDetails::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMGovTalkDetails", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMGovTalkDetails", strXML);
 }
 
 bool clsGTMGovTalkDetails::CreateFromXML(const XmlNode& xmlNode) {

@@ -15,12 +15,7 @@ void clsGTMGovTalkError::Create(const String& strRaisedBy, const String& strType
 }
 
 bool clsGTMGovTalkError::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMGovTalkError", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMGovTalkError", strXML);
 }
 
 bool clsGTMGovTalkError::CreateFromXML(const XmlNode& xmlNode) {

@@ -55,12 +55,7 @@ void clsGTMMessageDetails::Create(bool blnGatewayTest, Date datGatewayTimestamp,
 }
 
 bool clsGTMMessageDetails::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMMessageDetails", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMMessageDetails", strXML);
 }
 
 bool clsGTMMessageDetails::CreateFromXML(const XmlNode& xmlNode) {

@@ -17,12 +17,7 @@ void clsGTMSenderDetails::Create(const String& strSenderID, const String& strAut
 }
 
 bool clsGTMSenderDetails::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMSenderDetails", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMSenderDetails", strXML);
 }
 
 bool clsGTMSenderDetails::CreateFromXML(const XmlNode& xmlNode) {

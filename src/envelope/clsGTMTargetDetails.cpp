@@ -12,12 +12,7 @@ void clsGTMTargetDetails::Create(OrganisationCollection colOrganisations) {
 }
 
 bool clsGTMTargetDetails::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsGTMTargetDetails", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsGTMTargetDetails", strXML);
 }
 
 bool clsGTMTargetDetails::CreateFromXML(const XmlNode& xmlNode) {

@@ -10,14 +10,7 @@ void clsIRMark::Create(const String& strValue, IR_MARK_TYPE eniType) {
   validated_ = false;
 }
 
-bool clsIRMark::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsIRMark", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsIRMark::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsIRMark", strXML); }
 
 bool clsIRMark::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

@@ -8,14 +8,7 @@ void clsKey::Create(const String& strKeyValue, const String& strType) {
   validated_ = false;
 }
 
-bool clsKey::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsKey", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsKey::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsKey", strXML); }
 
 bool clsKey::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

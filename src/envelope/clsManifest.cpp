@@ -13,14 +13,7 @@ void clsManifest::Create(const String& strNamespace, const String& strSchemaVers
   validated_ = false;
 }
 
-bool clsManifest::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsManifest", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
-}
+bool clsManifest::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "clsManifest", strXML); }
 
 bool clsManifest::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;

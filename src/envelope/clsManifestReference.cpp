@@ -11,12 +11,7 @@ void clsManifestReference::Create(const String& strNamespace, const String& strS
 }
 
 bool clsManifestReference::ParseFromXML(const String& strXML) {
-  bool result = false;
-  Handled("clsManifestReference", "Function ParseFromXML", [&] {
-    const XmlNode node = FirstNodeNamed(strXML, RootElementName());
-    result = node && CreateFromXML(node);
-  });
-  return result;
+  return ParseFirstNode(*this, "clsManifestReference", strXML);
 }
 
 bool clsManifestReference::CreateFromXML(const XmlNode& xmlNode) {
