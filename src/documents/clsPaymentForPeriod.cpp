@@ -105,7 +105,7 @@ bool clsPaymentForPeriod::HasPayments() const {
   bool result = false;
   Handled("clsPaymentForPeriod", "Get HasPayments", [&] {
     Currency sum;
-    for (const Currency amount :
+    for (const Currency& amount :
          {smp_recovered_, ospp_recovered_, sap_recovered_, aspp_recovered_, spbp_recovered_, sncp_recovered_,
           nic_compensation_on_smp_, nic_compensation_on_ospp_, nic_compensation_on_sap_,
           nic_compensation_on_aspp_, nic_compensation_on_spbp_, nic_compensation_on_sncp_,
