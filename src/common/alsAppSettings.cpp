@@ -86,6 +86,7 @@ bool alsAppSettings::SetSetting(const String& strKey, const String& strValue, co
   bool result = false;
   Handled(kClass, "Function SetSetting", [&] {
     ReloadWhenChanged();
+    document_.CreateElement(strKey);  // error 5 for a key such as "*", which would reach other settings
     XmlNode setting = Find(strKey, strVersion);
     if (!setting) setting = document_.SelectSingleNode("Config/Settings").AppendElement(strKey);
     setting.Text(strValue);

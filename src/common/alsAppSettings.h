@@ -32,13 +32,13 @@ class ZELNOR_API alsAppSettings {
   bool FileChangedSinceLastAccessed();
 
   /// The text of a key; empty when there is none. With a version, only the key's element with that attribute
-  /// `Version` is looked at; without one, the first element of the key. A key that is no element name is
-  /// reported (error 5) and gives empty text.
+  /// `Version` is looked at; without one, the first element of the key. Empty, and reported, when the file is
+  /// gone (error 53).
   String ReadSetting(const String& strKey, const String& strVersion = {});
 
-  /// Writes a key's text, and the file unless updates are gathered. Any text comes back as it was, its blanks
-  /// too, but for what no XML file can hold: a carriage return (a line feed comes back) and a forbidden
-  /// character (U+FFFD). True, also when the file could not be written, which Save reports; False after a
+  /// Writes a key's text, and the file unless updates are gathered. A text comes back without white space at
+  /// its ends, and without what no XML file can hold: a line feed stands for a carriage return, U+FFFD for a
+  /// forbidden character. True, also when the file could not be written, which Save reports; False after a
   /// failure: a key that is no element name (error 5), a file without `Settings` (error 91).
   bool SetSetting(const String& strKey, const String& strValue, const String& strVersion = {});
 
