@@ -1,8 +1,7 @@
 // An application that has nothing but the installed package.
 
-#include <zelnor/platform/values.h>
-
 #include <cstdio>
+#include <zelnor/platform/values.h>
 
 int main() {
   zelnor::Currency pay = zelnor::Currency::FromPence(81550) + zelnor::Currency(20);
