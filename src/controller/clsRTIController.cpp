@@ -102,10 +102,12 @@ clsRTIController::~clsRTIController() {
   company_validator_ = nullptr;
   schema_validator_ = nullptr;
   Hold(nullptr);
-  if (log_this_session_ && log_) {
+  Handled(kClass, "Sub Class_Terminate", [&] {
+    if (!log_this_session_ || !log_) return;
     log_->AddTimingRecord("RTI Controller terminated at " + MomentText());
     log_->Save();
-  }
+  });
+  log_ = nullptr;
 }
 
 void clsRTIController::Hold(Ref<clsGovTalkMessage> message) {
@@ -224,7 +226,7 @@ void clsRTIController::DateEnvelope() {
   details->Mode(submission_mode_);
   details->GatewayTimestamp(Process().SystemDate);
   for (const Ref<clsGTMChannelRouting>& routing : *message.GTMGovTalkDetails()->ChannelRouting()) {
-    routing->Mode(submission_mode_);
+    Required(routing).Mode(submission_mode_);
     routing->Timestamp(Process().SystemDate);
   }
 }
@@ -347,7 +349,7 @@ CollectionRef<ErrorRecord> clsRTIController::ErrorCollection(Long eniErrorType) 
   Handled(kClass, "Get ErrorCollection", [&] {
     constexpr Long kEmployee = static_cast<Long>(RTI_ERROR_TYPE::Employee);
     if ((eniErrorType & kEmployee) != 0 && eniErrorType >= 3) {
-      throw RuntimeError(kFormattedError, "ZELNOR",
+      throw RuntimeError(5, "ZELNOR",
                          "Cannot mix Employee and other error types - these use different class structures!");
     }
     CollectionRef<ErrorRecord> errors = MakeCollection<ErrorRecord>();
@@ -396,7 +398,7 @@ bool clsRTIController::UseCompression() {
 
 void clsRTIController::UseCompression(bool value) {
   Handled(kClass, "Let UseCompression", [&] {
-    if (mobjGovTalkMessage) mobjGovTalkMessage->SubmissionDocument()->UseCompression(value);
+    if (mobjGovTalkMessage && mobjGovTalkMessage->HasSubmission()) Submission()->UseCompression(value);
   });
 }
 
@@ -409,7 +411,7 @@ bool clsRTIController::OverrideCompression() {
 
 void clsRTIController::OverrideCompression(bool value) {
   Handled(kClass, "Let OverrideCompression", [&] {
-    if (mobjGovTalkMessage) mobjGovTalkMessage->SubmissionDocument()->OverrideCompression(value);
+    if (mobjGovTalkMessage && mobjGovTalkMessage->HasSubmission()) Submission()->OverrideCompression(value);
   });
 }
 

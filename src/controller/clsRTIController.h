@@ -270,6 +270,7 @@ class ZELNOR_API clsRTIController {
   String correlation_id_;
   RTI_SEND_MODE submission_mode_ = RTI_SEND_MODE::Live;
   bool cancel_requested_ = false;
+  String stage_text_;  // the heading of the progress lines of a validation
   bool submission_saved_ = false;
   bool log_this_session_ = true;
   Ref<clsGovTalkMessage> mobjGovTalkMessage;

@@ -48,7 +48,8 @@ SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
       Log("Validation failed.");
       result = SUBMISSION_RESULT::FailedValidation;
     }
-    clsGovTalkMessage& message = Required(mobjGovTalkMessage);
+    const Ref<clsGovTalkMessage> held = mobjGovTalkMessage;  // a handler may replace it meanwhile
+    clsGovTalkMessage& message = Required(held);
     if (!message.SubmissionDocument()->Header()->HasDocIRMarkValue()) {
       MarkAndRebuild(message);
     }
@@ -67,8 +68,9 @@ SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
     submission_saved_ = true;
     submission_file_path_ = path;
     Log("Submission saved to file " + path);
-    Log("Submission save completed in " + Count(Now() - generated) + " milliseconds");
-    Log("Total process completed in " + Count(Now() - start) + " milliseconds");
+    const std::int64_t saved = Now();
+    Log("Submission save completed in " + Count(saved - generated) + " milliseconds");
+    Log("Total process completed in " + Count(saved - start) + " milliseconds");
     SaveLog();
   } catch (...) {
     const RuntimeError error = CurrentError();
@@ -98,14 +100,15 @@ String clsRTIController::PathToSave(const String& strFilepath) {
   }
   CreateFolder(path);
   if (GetFileName(path).empty()) {
-    path += Submission()->Class() + Format(CurrentHost()->Now(), "yyyyMmDd HhNnSs") + ".xml";
+    path += Required(Submission()).Class() + Format(CurrentHost()->Now(), "yyyyMmDd HhNnSs") + ".xml";
   }
   return path;
 }
 
 void clsRTIController::OpenSubmissionFile(const String& strApplicationPath) {
-  Handled(kClass, "Sub OpenSubmissionFile",
-          [&] { CurrentHost()->OpenFile(strApplicationPath, submission_file_path_); });
+  Handled(kClass, "Sub OpenSubmissionFile", [&] {
+    if (!CurrentHost()->OpenFile(strApplicationPath, submission_file_path_)) ThrowFileNotFound();
+  });
 }
 
 }  // namespace zelnor

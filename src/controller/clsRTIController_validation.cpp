@@ -37,12 +37,14 @@ bool clsRTIController::Validate() {
   bool result = false;
   Handled(kClass, "Function Validate", [&] {
     if (log_this_session_) Required(log_).SetSubmissionType(SubmissionType());
+    stage_text_ = "Validating data for " + GetQuickClassDescr() + ", please wait";
     cancel_requested_ = false;
+    const Ref<clsGovTalkMessage> message = mobjGovTalkMessage;
     const XmlNode logged = Required(log_).Submission();
     RemoveAllChildNodes(logged);
     logged.AppendChild(
-        logged.OwnerDocument().ImportNode(mobjGovTalkMessage->Document().DocumentElement(), true));
-    log_->Save();
+        logged.OwnerDocument().ImportNode(Required(message).Document().DocumentElement(), true));
+    Required(log_).Save();
     if (!validation_required_) {
       result = true;
       SaveLog();
@@ -137,7 +139,8 @@ bool clsRTIController::SchemaStage(bool& result, std::int64_t& stage_start) {
   if (Cancelled()) return false;
   if (result) {
     Status("Validating Schema...", 90);
-    if (schema_validator_->ValidateSchema(Submission()->Class(), mobjGovTalkMessage->Document())) {
+    if (schema_validator_->ValidateSchema(Required(Submission()).Class(),
+                                          Required(mobjGovTalkMessage).Document())) {
       Log("Schema validation passed successfully.");
     } else {
       Log("Schema validation failed.");
@@ -151,7 +154,7 @@ bool clsRTIController::SchemaStage(bool& result, std::int64_t& stage_start) {
 }
 
 void clsRTIController::Status(const String& detail, Long percent) {
-  UpdateStatus("Validating data for " + GetQuickClassDescr() + ", please wait", detail, percent);
+  UpdateStatus(stage_text_, detail, percent);
 }
 
 bool clsRTIController::Cancelled() {
@@ -182,7 +185,7 @@ Integer clsRTIController::GetRemainingErrors(Integer intAllowance, Long lngCount
 
 bool clsRTIController::ValidateFile(Integer intMaxErrors) {
   bool result = true;
-  Handled(kClass, "Function ValidateFile", [&] {
+  const bool done = Handled(kClass, "Function ValidateFile", [&] {
     file_validator_ = std::make_shared<vlsFileValidator>();
     file_validator_->MaxErrors(intMaxErrors);
     const std::int64_t start = Now();
@@ -197,18 +200,18 @@ bool clsRTIController::ValidateFile(Integer intMaxErrors) {
     }
     Log("File Validation completed in " + Count(Now() - start) + " milliseconds");
   });
-  return result;
+  return done && result;  // a stage that broke off has not passed
 }
 
 bool clsRTIController::ValidateCompany(Integer intMaxErrors) {
   bool result = true;
-  Handled(kClass, "Function ValidateCompany", [&] {
+  const bool done = Handled(kClass, "Function ValidateCompany", [&] {
     company_validator_ = std::make_shared<vlsCompanyValidator>();
     company_validator_->MaxErrors(intMaxErrors);
     const std::int64_t start = Now();
     Log("Commencing Company Validation");
     if (cancel_requested_) return Log(kCancelled);
-    result = company_validator_->ValidateCompany(*Submission());
+    result = company_validator_->ValidateCompany(Required(Submission()));
     if (result) {
       Log("Company Validation successful.");
     } else if (log_this_session_) {
@@ -217,19 +220,19 @@ bool clsRTIController::ValidateCompany(Integer intMaxErrors) {
     }
     Log("Company Validation completed in " + Count(Now() - start) + " milliseconds");
   });
-  return result;
+  return done && result;  // a stage that broke off has not passed
 }
 
 bool clsRTIController::ValidateEmployees(Integer intMaxErrors) {
   bool result = false;
-  Handled(kClass, "Function ValidateEmployees", [&] {
+  const bool done = Handled(kClass, "Function ValidateEmployees", [&] {
     employee_validator_ = std::make_shared<vlsEmployeeValidator>();
     employee_validator_->MaxErrors(intMaxErrors);
     const std::int64_t start = Now();
     if (cancel_requested_) return Log(kCancelled);
     result = true;
     const Ref<clsSubmission> submission = Submission();
-    const eRTISUBMISSIONTYPE type = submission->SubmissionType();
+    const eRTISUBMISSIONTYPE type = Required(submission).SubmissionType();
     CollectionRef<clsEmployee> employees;
     String tax_year;
     if (type == IsFPS) {
@@ -261,18 +264,18 @@ bool clsRTIController::ValidateEmployees(Integer intMaxErrors) {
         "; Valid: " + Count(employee_validator_->ValidEmployees()) +
         "; Invalid: " + Count(employee_validator_->InvalidEmployees()));
   });
-  return result;
+  return done && result;  // a stage that broke off has not passed
 }
 
 bool clsRTIController::ValidatePaymentForPeriod(Integer intMaxErrors) {
   bool result = true;
-  Handled(kClass, "Function ValidatePaymentForPeriod", [&] {
+  const bool done = Handled(kClass, "Function ValidatePaymentForPeriod", [&] {
     payment_validator_ = std::make_shared<vlsPaymentForPeriodValidator>();
     payment_validator_->MaxErrors(intMaxErrors);
     if (SubmissionType() != IsEPS) return;
     const std::int64_t start = Now();
     Log("Commencing Employer Payment Summary Validation");
-    result = payment_validator_->ValidateEPS(*Submission()->EPS());
+    result = payment_validator_->ValidateEPS(Required(Required(Submission()).EPS()));
     if (result) {
       Log("Employer Payment Summary Validation successful.");
     } else if (log_this_session_) {
@@ -282,7 +285,7 @@ bool clsRTIController::ValidatePaymentForPeriod(Integer intMaxErrors) {
     }
     Log("Employer Payment Summary Validation completed in " + Count(Now() - start) + " milliseconds");
   });
-  return result;
+  return done && result;  // a stage that broke off has not passed
 }
 
 }  // namespace zelnor

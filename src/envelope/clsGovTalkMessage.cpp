@@ -194,6 +194,8 @@ void clsGovTalkMessage::ForceRebuild() {
   Handled(kClass, "Sub ForceRebuild", [&] { ToXML(nullptr); });
 }
 
+bool clsGovTalkMessage::HasSubmission() const { return submission_ != nullptr; }
+
 bool clsGovTalkMessage::HasDocument() const { return document_ && document_.HasChildNodes(); }
 
 void clsGovTalkMessage::RewriteIRHeader() {

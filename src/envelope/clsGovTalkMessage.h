@@ -109,6 +109,9 @@ class ZELNOR_API clsGovTalkMessage {
   /// Builds the document anew, whatever its state. The former one stays valid for whoever holds it.
   void ForceRebuild();
 
+  /// Whether there is a submission; makes none.
+  ZELNOR_INTERNAL bool HasSubmission() const;
+
   /// Whether a document has been built or given; if not, nobody outside can hold it.
   ZELNOR_INTERNAL bool HasDocument() const;
 

@@ -290,11 +290,34 @@ TEST_F(ControllerTest, EmployeeErrorsCannotBeMixedWithOthers) {
   clsRTIController rti;
   EXPECT_FALSE(rti.ErrorCollection(3));
   ASSERT_EQ(host_->messages.size(), 1U);
-  EXPECT_THAT(host_->messages[0].text,
-              HasSubstr("Cannot mix Employee and other error types - these use different class structures!"));
+  EXPECT_THAT(
+      host_->messages[0].text,
+      HasSubstr("Get ErrorCollection: Error 5 - Cannot mix Employee and other error types - these use "
+                "different class structures!"));
   ASSERT_TRUE(rti.ErrorCollection(1));
   EXPECT_EQ(rti.ErrorCollection(6)->Count(), 0);
   EXPECT_EQ(rti.ErrorCount(-1), 0);
+}
+
+TEST_F(ControllerTest, WithoutAnEnvelopeMembersReportAndGoOn) {
+  clsRTIController rti;
+  rti.GovTalkMessage(nullptr);
+  host_->messages.clear();
+  EXPECT_FALSE(rti.Validate());
+  EXPECT_EQ(rti.SaveSubmission(folder_.At("x.xml")), SUBMISSION_RESULT::UnknownError);
+  EXPECT_FALSE(rti.Submission());
+  rti.UseCompression(true);
+  rti.SubmissionMode(RTI_SEND_MODE::Test);
+  ASSERT_FALSE(host_->messages.empty());
+  for (const ShownMessage& message : host_->messages) EXPECT_THAT(message.text, HasSubstr("Error 91 - "));
+}
+
+TEST_F(ControllerTest, WritingACompressionSwitchMakesNoDocument) {
+  clsRTIController rti;
+  rti.GovTalkMessage(std::make_shared<clsGovTalkMessage>());
+  rti.UseCompression(true);
+  rti.OverrideCompression(true);
+  EXPECT_FALSE(rti.GovTalkMessage()->HasSubmission());
 }
 
 TEST_F(ControllerTest, ErrorsAsXMLHaveTheirRoot) {

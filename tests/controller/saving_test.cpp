@@ -139,6 +139,14 @@ TEST_F(SavingTest, TheSavedFileIsOpenedByItsProgram) {
                                          std::pair(String("/usr/bin/my viewer"), folder_.At("fps.xml"))));
 }
 
+TEST_F(SavingTest, AProgramThatCannotBeStartedIsReported) {
+  host_->can_open = false;
+  rti_.OpenSubmissionFile("/nowhere/viewer");
+  ASSERT_EQ(host_->messages.size(), 1U);
+  EXPECT_EQ(host_->messages[0].text,
+            "Error in ZELNOR.dll::clsRTIController: Sub OpenSubmissionFile: Error 53 - File not found");
+}
+
 TEST_F(SavingTest, WritingWhatWasReadAndReadingItAgainChangesNothing) {
   rti_.SaveSubmission(folder_.At("one.xml"));
   clsRTIController again;

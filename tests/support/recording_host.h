@@ -31,7 +31,7 @@ class RecordingHost : public Host {
   }
   bool OpenFile(const String& program, const String& path) override {
     opened.emplace_back(program, path);
-    return true;
+    return can_open;
   }
   ConnectionState Connection() override { return connection; }
 
@@ -43,6 +43,7 @@ class RecordingHost : public Host {
   Date now;
   std::int64_t tick = 0;
   int yields = 0;
+  bool can_open = true;
   ConnectionState connection{true, kConnectionLan | kConnectionConfigured};
 };
 
