@@ -408,7 +408,7 @@ XmlNode clsPayment::ToXML(const XmlNode& xmlParent, eRTISUBMISSIONTYPE submissio
     Element out = Element::Emptied("Payment", xmlParent);
     result = out.Node();
     if (!eyu) WritePeriod(out);
-    TaxCode()->ToXML(result);
+    (tax_code_ ? tax_code_ : std::make_shared<clsTaxCode>())->ToXML(result);
     if (!eyu || !taxable_pay_.IsZero()) out.Money("TaxablePay", taxable_pay_);
     if (!eyu) out.Money("NonTaxOrNICPmt", non_tax_or_nic_pmt_);
     if (!eyu) out.Money("DednsFromNetPay", dedns_from_net_pay_);

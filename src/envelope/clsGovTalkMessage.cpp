@@ -185,14 +185,13 @@ XmlDocument clsGovTalkMessage::Document() {
 
 void clsGovTalkMessage::Document(const XmlDocument& value) {
   Handled(kClass, "Set Document", [&] {
+    root_ = version_element_ = header_element_ = body_element_ = nullptr;
     document_ = value;
     if (document_ && document_.DocumentElement()) CreateFromXML(document_.DocumentElement());
   });
 }
 
-void clsGovTalkMessage::ForceRebuild() {
-  Handled(kClass, "Sub ForceRebuild", [&] { ToXML(nullptr); });
-}
+void clsGovTalkMessage::ForceRebuild() { ToXML(nullptr); }
 
 bool clsGovTalkMessage::HasSubmission() const { return submission_ != nullptr; }
 

@@ -154,7 +154,7 @@ void clsSHA1::TakeMarks(const Places& places) {
       digest.Add(Replace(piece, kBodyTag, kNamespacedBodyTag));
     }
   };
-  places.body.WriteXml(add, places.mark);
+  places.body.WriteXml(add, places.mark, true);
   base64_mark_ = DigestToBase64(BinaryText(digest.Finish())) + "=";
   base32_mark_ = Base64ToBase32(base64_mark_, kDigestBits);
 }

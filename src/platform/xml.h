@@ -111,9 +111,10 @@ class ZELNOR_API XmlNode {
   String Xml() const;
 
   /// Calls `sink` with that text in pieces, without ever holding it whole. The subtree `leave_out`, if given,
-  /// is not written.
+  /// is not written. With `as_loaded` the text is that of the node after a load that doesn't preserve white
+  /// space: without the text nodes of white space alone.
   using Sink = std::function<void(std::string_view piece)>;
-  void WriteXml(const Sink& sink, const XmlNode& leave_out = nullptr) const;
+  void WriteXml(const Sink& sink, const XmlNode& leave_out = nullptr, bool as_loaded = false) const;
 
   XmlDocument OwnerDocument() const;
   XmlNode ParentNode() const;

@@ -81,12 +81,6 @@ void OnError(void* context, xmlErrorPtr raised) {
        raised->int2);
 }
 
-bool IsBlank(const xmlNode* text) {
-  const xmlChar* at = text->content;
-  while (*at == ' ' || *at == '\n' || *at == '\t' || *at == '\r') ++at;
-  return *at == 0;
-}
-
 // Drops a text of white space alone that has just been completed by what follows it.
 void DropBlank(xmlParserCtxt* context) {
   if (context->node == nullptr || RunOf(context).request->preserve_white_space) return;
@@ -224,6 +218,14 @@ void SetHandlers(xmlParserCtxt* context, Run& run) {
 }
 
 }  // namespace
+
+bool IsBlank(const xmlNode* text) {
+  const xmlChar* at = text->content;
+  while (*at == ' ' || *at == '\n' || *at == '\t' || *at == '\r') ++at;
+  return *at == 0;
+}
+
+bool IsDroppedOnLoad(const xmlNode* text) { return IsBlank(text) && xmlNodeGetSpacePreserve(text) != 1; }
 
 Tree* ParseXml(const XmlParseRequest& request, XmlParseError& error) {
   error = {};

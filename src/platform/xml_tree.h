@@ -131,6 +131,12 @@ struct XmlParseRequest {
 /// Parses into a new tree; nullptr and `error` filled when the input is refused.
 Tree* ParseXml(const XmlParseRequest& request, XmlParseError& error);
 
+/// Whether a text is white space alone, and so isn't kept by a load that doesn't preserve it.
+bool IsBlank(const xmlNode* text);
+
+/// The same of a text in a tree, where xml:space="preserve" may keep it.
+bool IsDroppedOnLoad(const xmlNode* text);
+
 /// The next node of a walk through the subtree of `top` in document order; nullptr behind its end.
 xmlNode* NextInSubtree(xmlNode* node, const xmlNode* top);
 

@@ -19,7 +19,8 @@ constexpr std::array<bool, 256> kMayNeedReference = [] {
 // Writes nodes as XML text, declaring each namespace exactly where it comes into scope.
 class Writer {
  public:
-  Writer(const XmlNode::Sink& sink, const xmlNode* leave_out) : sink_(sink), leave_out_(leave_out) {
+  Writer(const XmlNode::Sink& sink, const xmlNode* leave_out, bool as_loaded)
+      : sink_(sink), leave_out_(leave_out), as_loaded_(as_loaded) {
     text_.reserve(kPieceSize + 4096);
   }
 
@@ -60,7 +61,7 @@ class Writer {
       case XML_DOCUMENT_FRAG_NODE:
         return true;
       case XML_TEXT_NODE:
-        Escaped(View(node->content), false);
+        if (!as_loaded_ || !IsDroppedOnLoad(node)) Escaped(View(node->content), false);
         break;
       case XML_CDATA_SECTION_NODE:
         CData(View(node->content));
@@ -236,6 +237,7 @@ class Writer {
 
   const XmlNode::Sink& sink_;
   const xmlNode* leave_out_;
+  bool as_loaded_;
   String text_;
   std::vector<Binding> scope_;
   const xmlNs* settled_ = nullptr;  // the namespace that was looked at last, with the scope's size then
@@ -244,11 +246,11 @@ class Writer {
 
 }  // namespace
 
-void XmlNode::WriteXml(const Sink& sink, const XmlNode& leave_out) const {
+void XmlNode::WriteXml(const Sink& sink, const XmlNode& leave_out, bool as_loaded) const {
   const xmlNode* node = node_;
   if (node == nullptr) ThrowObjectNotSet();
   if (ns_ != nullptr) return sink(NodeName() + "=\"" + Text() + "\"");
-  Writer(sink, Access::Raw(leave_out)).Write(node);
+  Writer(sink, Access::Raw(leave_out), as_loaded).Write(node);
 }
 
 String XmlNode::Xml() const {

@@ -238,6 +238,18 @@ TEST_F(clsSHA1Test, MarkSubmissionStoresTheSameMark) {
   EXPECT_EQ(message_.SubmissionDocument()->Header()->DocIRMark()->value(), mark);
 }
 
+TEST_F(clsSHA1Test, MarkSubmissionMarksADocumentWithItsWhiteSpaceAsCreateIRMarkDoes) {
+  const XmlDocument document;
+  document.PreserveWhiteSpace(true);
+  ASSERT_TRUE(document.LoadXML(Envelope("\n  " + String(kKeys) + "\n<DefaultCurrency> </DefaultCurrency>")));
+  message_.UseValidation(false);
+  message_.Document(document);
+  sha1_.CreateIRMark(message_);
+  clsSHA1 other;
+  other.MarkSubmission(message_);
+  EXPECT_EQ(other.Base64Mark(), sha1_.Base64Mark());
+}
+
 TEST_F(clsSHA1Test, MarkSubmissionRaisesWithoutAPlaceForTheMark) {
   const XmlDocument document;
   document.LoadXML(Envelope("<Sender>Company</Sender>"));

@@ -383,6 +383,15 @@ TEST(Xml, WritesWithoutASubtreeLeftOut) {
   EXPECT_EQ(text, "<a><b></b><d></d></a>");
 }
 
+TEST(Xml, WritesANodeAsALoadWouldHaveIt) {
+  XmlDocument doc;
+  doc.PreserveWhiteSpace(true);
+  ASSERT_TRUE(doc.LoadXML("<a>\n <b> </b><c xml:space=\"preserve\"> </c> x </a>"));
+  String text;
+  doc.Node().WriteXml([&](std::string_view piece) { text.append(piece); }, nullptr, true);
+  EXPECT_EQ(text, "<a><b></b><c xml:space=\"preserve\"> </c> x </a>");
+}
+
 TEST(Xml, RewritesTextWithAndWithoutDeclaration) {
   EXPECT_EQ(RewriteXml("<?xml version=\"1.0\" encoding=\"latin1\"?><a> <b/>\r\n</a>", true),
             "<a> <b></b>\n</a>");
