@@ -21,7 +21,7 @@ Long frmMsgBox2::ShowMessageBox(const String& strMessage, Long lngStyle, const S
                                                            .style_ext = style_ext_,
                                                            .checkbox_text = checkbox_text_});
     result_ = answer.result;
-    dont_show_again_ = answer.checked;
+    dont_show_again_ = style_ext_ == 1 && answer.checked;
   });
   return result_;
 }
@@ -41,7 +41,7 @@ void frmMsgBox2::StyleExt(Long value) { style_ext_ = value; }
 Long frmMsgBox2::Style() const { return style_; }
 void frmMsgBox2::Style(Long value) {
   style_ = value;
-  ProcessButtons(value);
+  if (value >= 0) ProcessButtons(value);
 }
 
 // The bounds lie one above each icon's number, so that a bare icon is taken for the one below it.

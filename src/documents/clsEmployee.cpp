@@ -34,7 +34,6 @@ void clsEmployee::Create(Ref<clsEmployeeDetails> objEmployeeDetails,
   Handled("clsEmployee", "Sub Create", [&] {
     employee_details_ = std::move(objEmployeeDetails);
     employment_ = std::move(colEmployment);
-    Validated(false);
   });
 }
 
@@ -64,8 +63,12 @@ bool clsEmployee::CreateFromXML(const XmlNode& xmlNode) {
 }
 
 bool clsEmployee::IsValidated(eRTISUBMISSIONTYPE eniSubType) const {
-  return AbsentOrValidated(employee_details_) &&
-         !AnyEmployment([&](const clsEmployment& each) { return !each.IsValidated(eniSubType); });
+  bool result = false;
+  Handled("clsEmployee", "Function IsValidated", [&] {
+    result = AbsentOrValidated(employee_details_) &&
+             !AnyEmployment([&](const clsEmployment& each) { return !each.IsValidated(eniSubType); });
+  });
+  return result;
 }
 
 bool clsEmployee::Validated() const {
@@ -90,7 +93,7 @@ void clsEmployee::EmployeeDetails(Ref<clsEmployeeDetails> value) {
 
 CollectionRef<clsEmployment> clsEmployee::Employment() { return MadeWhenAbsent(employment_); }
 void clsEmployee::Employment(CollectionRef<clsEmployment> value) {
-  PassedOn("[ZELNOR.dll::clsEmployee]: Employment", [&] {
+  PassedOnWithPrefix("[ZELNOR.dll::clsEmployee]: Employment", [&] {
     employment_ = std::move(value);
     for (const Ref<clsEmployment>& each : Required(employment_)) {
       Required(each).Parent(weak_from_this().lock());
@@ -174,7 +177,7 @@ bool clsEmployee::HasPaymentToANonIndividualSet() const {
 
 bool clsEmployee::HasDirectorWeekNumberSet() const {
   bool result = false;
-  PassedOn("[clsEmployee]: HasDirectorWeekNumberSet", [&] {
+  PassedOnWithPrefix("[clsEmployee]: HasDirectorWeekNumberSet", [&] {
     result = AnyEmployment([](const clsEmployment& each) { return each.WkOrMonthNoDirectorAppt() != 0; });
   });
   return result;
@@ -182,15 +185,16 @@ bool clsEmployee::HasDirectorWeekNumberSet() const {
 
 bool clsEmployee::HasStarterInfo() const {
   bool result = false;
-  PassedOn("[clsEmployee]: HasStarterInfo",
-           [&] { result = AnyEmployment([](const clsEmployment& each) { return each.HasStarterInfo(); }); });
+  PassedOnWithPrefix("[clsEmployee]: HasStarterInfo", [&] {
+    result = AnyEmployment([](const clsEmployment& each) { return each.HasStarterInfo(); });
+  });
   return result;
 }
 
 bool clsEmployee::HasLeavingDate() const {
   static const Date kNoLeavingDate = Date::FromParts(1901, 1, 1);
   bool result = false;
-  PassedOn("[clsEmployee]: HasLeavingDate", [&] {
+  PassedOnWithPrefix("[clsEmployee]: HasLeavingDate", [&] {
     result = AnyEmployment([](const clsEmployment& each) { return each.LeavingDate() > kNoLeavingDate; });
   });
   return result;
@@ -198,8 +202,9 @@ bool clsEmployee::HasLeavingDate() const {
 
 bool clsEmployee::HasTrivialCommutationPayment() const {
   bool result = false;
-  PassedOn("[clsEmployee]: HasTrivialCommutationPayment",
-           [&] { result = AnyEmployment([](clsEmployment& each) { return HasTrivialCommutation(each); }); });
+  PassedOnWithPrefix("[clsEmployee]: HasTrivialCommutationPayment", [&] {
+    result = AnyEmployment([](clsEmployment& each) { return HasTrivialCommutation(each); });
+  });
   return result;
 }
 

@@ -24,7 +24,7 @@ class ZELNOR_API clsEmployee : public Record, public std::enable_shared_from_thi
  public:
   clsEmployee();
 
-  /// Stores both by reference and clears Validated.
+  /// Stores both by reference.
   void Create(Ref<clsEmployeeDetails> objEmployeeDetails, CollectionRef<clsEmployment> colEmployment);
 
   /// Fills the record from text whose first node is `Employee`. False for text that isn't well formed or has

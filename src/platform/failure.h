@@ -105,4 +105,18 @@ void PassedOn(std::string_view bracketed, Body&& body) {
   }
 }
 
+/// Runs `body`; an error goes on to the caller with `prefix` in front of its source, unless that already
+/// begins with "[".
+template <class Body>
+void PassedOnWithPrefix(std::string_view prefix, Body&& body) {
+  try {
+    std::forward<Body>(body)();
+  } catch (...) {
+    const RuntimeError error = CurrentError();
+    throw RuntimeError(error.Number(),
+                       error.Source().starts_with('[') ? error.Source() : String(prefix) + error.Source(),
+                       error.Description());
+  }
+}
+
 }  // namespace zelnor

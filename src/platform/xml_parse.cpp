@@ -225,7 +225,9 @@ bool IsBlank(const xmlNode* text) {
   return *at == 0;
 }
 
-bool IsDroppedOnLoad(const xmlNode* text) { return IsBlank(text) && xmlNodeGetSpacePreserve(text) != 1; }
+bool IsDroppedOnLoad(const xmlNode* text) {
+  return IsBlank(text) && xmlNodeGetSpacePreserve(text->parent) != 1;
+}
 
 Tree* ParseXml(const XmlParseRequest& request, XmlParseError& error) {
   error = {};

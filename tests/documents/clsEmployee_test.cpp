@@ -240,7 +240,7 @@ TEST(clsEmployee, RaisesForSixteenAssignedEmployments) {
   const CollectionRef<clsEmployment> sixteen = Employments(16);
   const RuntimeError error = ErrorOf([&] { employee->Employment(sixteen); });
   EXPECT_EQ(error.Number(), 6001);
-  EXPECT_EQ(error.Source(), "[ZELNOR.dll::clsEmployee]: Employment");
+  EXPECT_EQ(error.Source(), "[ZELNOR.dll::clsEmployee]: EmploymentAddEmployment");
   EXPECT_EQ(error.Description(), "Maximum Employments exceeded!");
   EXPECT_EQ(employee->Employment(), sixteen);
   EXPECT_EQ(sixteen->Item(16)->Parent(), employee);
@@ -251,7 +251,7 @@ TEST(clsEmployee, RaisesForNoCollectionOfEmployments) {
   clsEmployee employee;
   const RuntimeError error = ErrorOf([&] { employee.Employment(nullptr); });
   EXPECT_EQ(error.Number(), 91);
-  EXPECT_EQ(error.Source(), "[ZELNOR.dll::clsEmployee]: Employment");
+  EXPECT_EQ(error.Source(), "[ZELNOR.dll::clsEmployee]: EmploymentZELNOR");
   EXPECT_EQ(employee.Employment()->Count(), 0);
 }
 
@@ -306,11 +306,12 @@ TEST(clsEmployee, PassesErrorsOfFourQuestionsOn) {
   const auto source_of = [&](bool (clsEmployee::*question)() const) {
     return ErrorOf([&] { ((*employee).*question)(); }).Source();
   };
-  EXPECT_EQ(source_of(&clsEmployee::HasDirectorWeekNumberSet), "[clsEmployee]: HasDirectorWeekNumberSet");
-  EXPECT_EQ(source_of(&clsEmployee::HasStarterInfo), "[clsEmployee]: HasStarterInfo");
-  EXPECT_EQ(source_of(&clsEmployee::HasLeavingDate), "[clsEmployee]: HasLeavingDate");
+  EXPECT_EQ(source_of(&clsEmployee::HasDirectorWeekNumberSet),
+            "[clsEmployee]: HasDirectorWeekNumberSetZELNOR");
+  EXPECT_EQ(source_of(&clsEmployee::HasStarterInfo), "[clsEmployee]: HasStarterInfoZELNOR");
+  EXPECT_EQ(source_of(&clsEmployee::HasLeavingDate), "[clsEmployee]: HasLeavingDateZELNOR");
   EXPECT_EQ(source_of(&clsEmployee::HasTrivialCommutationPayment),
-            "[clsEmployee]: HasTrivialCommutationPayment");
+            "[clsEmployee]: HasTrivialCommutationPaymentZELNOR");
   EXPECT_TRUE(host->messages.empty());
 }
 
