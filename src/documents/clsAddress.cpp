@@ -24,6 +24,7 @@ bool clsAddress::ParseFromXML(const String& strXML) {
 
 bool clsAddress::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsAddress", "Function CreateFromXML", [&] {
     if (xmlNode.NodeName() == "Address") {
       std::size_t line = 0;
@@ -39,7 +40,6 @@ bool clsAddress::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

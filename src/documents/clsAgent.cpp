@@ -22,6 +22,7 @@ bool clsAgent::ParseFromXML(const String& strXML) {
 
 bool clsAgent::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsAgent", "Function CreateFromXML", [&] {
     if (xmlNode.NodeName() == RootElementName()) {
       for (const XmlNode& child : xmlNode.ChildNodes()) {
@@ -38,7 +39,6 @@ bool clsAgent::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

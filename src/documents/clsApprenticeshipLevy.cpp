@@ -15,6 +15,7 @@ bool clsApprenticeshipLevy::ParseFromXML(const String& strXML) {
 
 bool clsApprenticeshipLevy::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsApprenticeshipLevy", "Function CreateFromXML", [&] {
     *this = clsApprenticeshipLevy();
     if (xmlNode.NodeName() == RootElementName()) {
@@ -26,7 +27,6 @@ bool clsApprenticeshipLevy::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

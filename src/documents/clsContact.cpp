@@ -39,6 +39,7 @@ bool clsContact::ParseFromXML(const String& strXML) { return ParseFirstNode(*thi
 
 bool clsContact::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsContact", "Function CreateFromXML", [&] {
     emails_ = MakeCollection<clsEmailType>();
     telephones_ = MakeCollection<clsTelephoneType>();
@@ -58,7 +59,6 @@ bool clsContact::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

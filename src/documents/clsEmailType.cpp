@@ -17,6 +17,7 @@ bool clsEmailType::ParseFromXML(const String& strXML) {
 
 bool clsEmailType::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsEmailType", "Function CreateFromXML", [&] {
     if (xmlNode.NodeName() == RootElementName()) {
       if (const auto preferred = xmlNode.Attribute("Preferred")) preferred_ = IsYes(*preferred);
@@ -25,7 +26,6 @@ bool clsEmailType::CreateFromXML(const XmlNode& xmlNode) {
       email_address_ = xmlNode.Text();
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -41,6 +41,7 @@ bool clsEmployerReferences::ParseFromXML(const String& strXML) {
 
 bool clsEmployerReferences::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsEmployerReferences", "Function CreateFromXML", [&] {
     office_no_.clear();
     paye_ref_.clear();
@@ -69,7 +70,6 @@ bool clsEmployerReferences::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

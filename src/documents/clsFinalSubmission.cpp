@@ -15,6 +15,7 @@ bool clsFinalSubmission::ParseFromXML(const String& strXML) {
 
 bool clsFinalSubmission::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsFinalSubmission", "Function CreateFromXML", [&] {
     scheme_ceased_ = false;
     final_for_year_ = false;
@@ -28,7 +29,6 @@ bool clsFinalSubmission::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

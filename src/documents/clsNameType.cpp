@@ -15,6 +15,7 @@ bool clsNameType::ParseFromXML(const String& strXML) { return ParseFirstNode(*th
 
 bool clsNameType::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsNameType", "Function CreateFromXML", [&] {
     title_.clear();
     forename_.clear();
@@ -36,7 +37,6 @@ bool clsNameType::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

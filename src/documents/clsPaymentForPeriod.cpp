@@ -26,6 +26,7 @@ bool clsPaymentForPeriod::ParseFromXML(const String& strXML) {
 
 bool clsPaymentForPeriod::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsPaymentForPeriod", "Function CreateFromXML", [&] {
     *this = clsPaymentForPeriod();
     if (xmlNode.NodeName() == RootElementName()) {
@@ -48,7 +49,6 @@ bool clsPaymentForPeriod::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -19,6 +19,7 @@ bool clsQuestionsAndDeclarations::ParseFromXML(const String& strXML) {
 
 bool clsQuestionsAndDeclarations::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsQuestionsAndDeclarations", "Function CreateFromXML", [&] {
     if (xmlNode.NodeName() == RootElementName()) {
       for (const XmlNode& child : xmlNode.ChildNodes()) {
@@ -32,7 +33,6 @@ bool clsQuestionsAndDeclarations::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

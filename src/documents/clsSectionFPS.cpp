@@ -24,6 +24,7 @@ bool clsSectionFPS::ParseFromXML(const String& strXML) { return ParseFirstNode(*
 
 bool clsSectionFPS::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled(ClassName(), "Function CreateFromXML", [&] {
     ClearEmployees();
     final_submission_ = nullptr;
@@ -36,7 +37,6 @@ bool clsSectionFPS::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -71,6 +71,7 @@ bool clsSectionIRHeader::ParseFromXML(const String& strXML) {
 
 bool clsSectionIRHeader::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsSectionIRHeader", "Function CreateFromXML", [&] {
     keys_.reset();
     principal_.reset();
@@ -98,7 +99,6 @@ bool clsSectionIRHeader::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

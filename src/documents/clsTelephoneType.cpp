@@ -20,6 +20,7 @@ bool clsTelephoneType::ParseFromXML(const String& strXML) {
 
 bool clsTelephoneType::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsTelephoneType", "Function CreateFromXML", [&] {
     number_.clear();
     extension_.clear();
@@ -30,7 +31,6 @@ bool clsTelephoneType::CreateFromXML(const XmlNode& xmlNode) {
       ReadAllButMobile(xmlNode);
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -111,7 +111,7 @@ void EmployeeSection::WriteEmployees(const XmlNode& xmlSection) {
   if (!plain) events.CompressionError(kNoCompression);
   RemoveChildNodes(xmlSection, "Employee");
   if (!employees_) return;
-  for (const Ref<clsEmployee>& employee : *employees_) employee->ToXML(xmlSection);
+  for (const Ref<clsEmployee>& employee : *employees_) Required(employee).ToXML(xmlSection);
 }
 
 }  // namespace zelnor

@@ -17,6 +17,7 @@ bool clsGTMAuthentication::ParseFromXML(const String& strXML) {
 
 bool clsGTMAuthentication::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMAuthentication", "Function CreateFromXML", [&] {
     method_.clear();
     role_.clear();
@@ -37,7 +38,6 @@ bool clsGTMAuthentication::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -30,6 +30,7 @@ bool clsGTMChannelRouting::ParseFromXML(const String& strXML) {
 
 bool clsGTMChannelRouting::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMChannelRouting", "Function CreateFromXML", [&] {
     uri_.clear();
     name_.clear();
@@ -51,7 +52,6 @@ bool clsGTMChannelRouting::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

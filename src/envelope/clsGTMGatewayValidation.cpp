@@ -14,6 +14,7 @@ bool clsGTMGatewayValidation::ParseFromXML(const String& strXML) {
 
 bool clsGTMGatewayValidation::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMGatewayValidation", "Function CreateFromXML", [&] {
     processed_.clear();
     result_.clear();
@@ -28,7 +29,6 @@ bool clsGTMGatewayValidation::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -43,6 +43,7 @@ bool clsGTMGovTalkDetails::ParseFromXML(const String& strXML) {
 
 bool clsGTMGovTalkDetails::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMGovTalkDetails", "Function CreateFromXML", [&] {
     if (xmlNode.NodeName() == RootElementName()) {
       for (const XmlNode& child : xmlNode.ChildNodes()) {
@@ -63,7 +64,6 @@ bool clsGTMGovTalkDetails::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -20,6 +20,7 @@ bool clsGTMGovTalkError::ParseFromXML(const String& strXML) {
 
 bool clsGTMGovTalkError::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMGovTalkError", "Function CreateFromXML", [&] {
     raised_by_.clear();
     error_type_.clear();
@@ -42,7 +43,6 @@ bool clsGTMGovTalkError::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

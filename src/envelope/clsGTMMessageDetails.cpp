@@ -60,6 +60,7 @@ bool clsGTMMessageDetails::ParseFromXML(const String& strXML) {
 
 bool clsGTMMessageDetails::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMMessageDetails", "Function CreateFromXML", [&] {
     class_.clear();
     qualifier_.clear();
@@ -74,7 +75,6 @@ bool clsGTMMessageDetails::CreateFromXML(const XmlNode& xmlNode) {
       mode_ = gateway_test_ ? RTI_SEND_MODE::FileOnly : RTI_SEND_MODE::Live;
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -22,6 +22,7 @@ bool clsGTMSenderDetails::ParseFromXML(const String& strXML) {
 
 bool clsGTMSenderDetails::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMSenderDetails", "Function CreateFromXML", [&] {
     sender_id_.clear();
     certificate_.clear();
@@ -39,7 +40,6 @@ bool clsGTMSenderDetails::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -17,6 +17,7 @@ bool clsGTMTargetDetails::ParseFromXML(const String& strXML) {
 
 bool clsGTMTargetDetails::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsGTMTargetDetails", "Function CreateFromXML", [&] {
     if (xmlNode.NodeName() == RootElementName()) {
       for (const XmlNode& child : xmlNode.ChildNodes()) {
@@ -24,7 +25,6 @@ bool clsGTMTargetDetails::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -14,6 +14,7 @@ bool clsIRMark::ParseFromXML(const String& strXML) { return ParseFirstNode(*this
 
 bool clsIRMark::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsIRMark", "Function CreateFromXML", [&] {
     value_.clear();
     if (xmlNode.NodeName() == RootElementName()) {
@@ -23,7 +24,6 @@ bool clsIRMark::CreateFromXML(const XmlNode& xmlNode) {
       if (type == "GENERIC") type_ = IR_MARK_TYPE::generic;
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

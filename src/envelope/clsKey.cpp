@@ -12,6 +12,7 @@ bool clsKey::ParseFromXML(const String& strXML) { return ParseFirstNode(*this, "
 
 bool clsKey::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsKey", "Function CreateFromXML", [&] {
     key_value_.clear();
     key_type_.clear();
@@ -20,7 +21,6 @@ bool clsKey::CreateFromXML(const XmlNode& xmlNode) {
       key_type_ = xmlNode.Attribute("Type").value_or(String());
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -17,6 +17,7 @@ bool clsManifest::ParseFromXML(const String& strXML) { return ParseFirstNode(*th
 
 bool clsManifest::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsManifest", "Function CreateFromXML", [&] {
     if (xmlNode.NodeName() == RootElementName()) {
       for (const XmlNode& child : xmlNode.ChildNodes()) {
@@ -27,7 +28,6 @@ bool clsManifest::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }

@@ -16,6 +16,7 @@ bool clsManifestReference::ParseFromXML(const String& strXML) {
 
 bool clsManifestReference::CreateFromXML(const XmlNode& xmlNode) {
   bool result = false;
+  validated_ = false;
   Handled("clsManifestReference", "Function CreateFromXML", [&] {
     namespace_.clear();
     schema_version_.clear();
@@ -33,7 +34,6 @@ bool clsManifestReference::CreateFromXML(const XmlNode& xmlNode) {
       }
       result = true;
     }
-    validated_ = false;
   });
   return result;
 }
