@@ -47,16 +47,12 @@ bool IsPaidOrTaxed(const Paid& each) {
   return IsPaid(each) || !each.payment.TaxDeductedOrRefunded().IsZero();
 }
 
-Currency EmployersNI(const Paid& each) {
-  Currency sum;
-  ForEachNIRow(each.employment, [&](const clsNILettersAndValues& row) { sum += row.TotalEmpNIC(); });
-  return sum;
-}
-
-Currency EmployeesNI(const Paid& each) {
-  Currency sum;
-  ForEachNIRow(each.employment, [&](const clsNILettersAndValues& row) { sum += row.EmpeeContribns(); });
-  return sum;
+// Adds both contributions row by row, so that a row that fails leaves those before it counted.
+void AddNI(const Paid& each, Currency& employers, Currency& employees) {
+  ForEachNIRow(each.employment, [&](const clsNILettersAndValues& row) {
+    employers += row.TotalEmpNIC();
+    employees += row.EmpeeContribns();
+  });
 }
 
 }  // namespace
@@ -101,8 +97,7 @@ std::vector<PeriodValues> PaidSection::IncludedPeriodsAndValues() {
       values.PeriodNo = number;
       ++values.TotalEmployeesPaid;
       values.TotalTaxPaid += each.payment.TaxDeductedOrRefunded();
-      values.TotalEmployersNI += EmployersNI(each);
-      values.TotalEmployeesNI += EmployeesNI(each);
+      AddNI(each, values.TotalEmployersNI, values.TotalEmployeesNI);
       values.TotalStudentLoansPaid += each.payment.StudentLoanRecovered();
       values.TotalPostgradLoansPaid += each.payment.PostgradLoanRecovered();
     });
@@ -136,8 +131,7 @@ void PaidSection::AddTotals(const PeriodTest& takes, const TotalsInto& into) {
     into.tax += each.payment.TaxDeductedOrRefunded();
     into.student_loan += each.payment.StudentLoanRecovered();
     into.postgrad_loan += each.payment.PostgradLoanRecovered();
-    into.employers_ni += EmployersNI(each);
-    into.employees_ni += EmployeesNI(each);
+    AddNI(each, into.employers_ni, into.employees_ni);
   });
 }
 
@@ -175,15 +169,22 @@ Currency PaidSection::TotalTaxPaid() {
 
 Currency PaidSection::TotalEmployersNI() {
   Currency result;
-  Handled(ClassName(), "Get TotalEmployersNI",
-          [&] { ForEachPayment(Employees(), [&](const Paid& each) { result += EmployersNI(each); }); });
+  Handled(ClassName(), "Get TotalEmployersNI", [&] {
+    ForEachPayment(Employees(), [&](const Paid& each) {
+      ForEachNIRow(each.employment, [&](const clsNILettersAndValues& row) { result += row.TotalEmpNIC(); });
+    });
+  });
   return result;
 }
 
 Currency PaidSection::TotalEmployeesNI() {
   Currency result;
-  Handled(ClassName(), "Get TotalEmployeesNI",
-          [&] { ForEachPayment(Employees(), [&](const Paid& each) { result += EmployeesNI(each); }); });
+  Handled(ClassName(), "Get TotalEmployeesNI", [&] {
+    ForEachPayment(Employees(), [&](const Paid& each) {
+      ForEachNIRow(each.employment,
+                   [&](const clsNILettersAndValues& row) { result += row.EmpeeContribns(); });
+    });
+  });
   return result;
 }
 

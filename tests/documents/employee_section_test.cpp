@@ -57,6 +57,16 @@ struct SectionNames {
 using Sections = testing::Types<clsSectionFPS, clsSectionEYU, clsSectionEAS>;
 TYPED_TEST_SUITE(EmployeeSections, Sections, SectionNames);
 
+TYPED_TEST(EmployeeSections, AMissingEmployeeIsReported) {
+  const WithRecordingHost host;
+  this->section_.Employees()->Add(nullptr);
+  this->section_.ToXML(Root("<Parent/>"));
+  ASSERT_EQ(host->messages.size(), 1U);
+  EXPECT_EQ(host->messages[0].text,
+            "Error in ZELNOR.dll::" + this->ClassName() +
+                ": Function ToXML: Error 91 - Object variable or With block variable not set");
+}
+
 TYPED_TEST(EmployeeSections, BeginEmptyAndUncompressed) {
   auto& section = this->section_;
   EXPECT_TRUE(section.Employer_References());
