@@ -4,11 +4,14 @@
 #include "zelnor/common/clsLog.h"
 #include "zelnor/common/process_state.h"
 #include "zelnor/common/record.h"
+#include "zelnor/controller/log_text.h"
 #include "zelnor/documents/clsSubmission.h"
 #include "zelnor/envelope/clsGTMChannelRouting.h"
 #include "zelnor/envelope/clsGTMGovTalkDetails.h"
 #include "zelnor/envelope/clsGTMMessageDetails.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
+#include "zelnor/gateway/clsSOAPInterface.h"
+#include "zelnor/platform/files.h"
 #include "zelnor/platform/host.h"
 #include "zelnor/validation/vlsCompanyValidator.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
@@ -20,7 +23,6 @@ namespace zelnor {
 namespace {
 
 constexpr std::string_view kClass = "clsRTIController";
-constexpr const char* kLogMoment = "Dd/Mm/yyyy Hh:Nn:Ss";
 
 // How each kind of document is called.
 struct ClassDescription {
@@ -59,8 +61,6 @@ bool SwitchFromSettings(alsAppSettings& settings, const String& key) {
 
 void WriteSwitch(const String& key, bool value) { alsAppSettings().SetSetting(key, ToText(value)); }
 
-String MomentText() { return Format(CurrentHost()->Now(), kLogMoment); }
-
 }  // namespace
 
 clsRTIController::clsRTIController() {
@@ -73,7 +73,8 @@ clsRTIController::clsRTIController() {
     Hold(std::make_shared<clsGovTalkMessage>());
     mobjGovTalkMessage->SubmissionDocument()->SetSubmissionType(eRTISUBMISSIONTYPE::IsFPS);
     log_ = std::make_shared<clsLog>();
-    log_->AddTimingRecord("RTI Controller initialised at " + MomentText());
+    log_->AddTimingRecord("RTI Controller initialised at " + LogMoment());
+    HoldTransport(std::make_shared<clsSOAPInterface>());
     ReadSettings();
   });
 }
@@ -104,10 +105,11 @@ clsRTIController::~clsRTIController() {
   Hold(nullptr);
   Handled(kClass, "Sub Class_Terminate", [&] {
     if (!log_this_session_ || !log_) return;
-    log_->AddTimingRecord("RTI Controller terminated at " + MomentText());
+    log_->AddTimingRecord("RTI Controller terminated at " + LogMoment());
     log_->Save();
   });
   log_ = nullptr;
+  mobjSOAPInterface = nullptr;
 }
 
 void clsRTIController::Hold(Ref<clsGovTalkMessage> message) {
@@ -136,6 +138,72 @@ void clsRTIController::UpdateStatus(const String& strStage, const String& strSta
                                     Long intProgressPercent) {
   events.ControllerStatus(strStage, strStatusDescr, intProgressPercent);
   CurrentHost()->Yield();
+}
+
+String clsRTIController::GatewayErrors() const {
+  return mobjSOAPInterface ? mobjSOAPInterface->GatewayErrors() : String();
+}
+
+String clsRTIController::ResponseFilePrefix() const {
+  return Required(mobjSOAPInterface).ResponseFilePrefix();
+}
+void clsRTIController::ResponseFilePrefix(const String& value) {
+  Required(mobjSOAPInterface).ResponseFilePrefix(value);
+}
+String clsRTIController::SendFilePrefix() const { return Required(mobjSOAPInterface).SendFilePrefix(); }
+void clsRTIController::SendFilePrefix(const String& value) {
+  Required(mobjSOAPInterface).SendFilePrefix(value);
+}
+String clsRTIController::PollFilePrefix() const { return Required(mobjSOAPInterface).PollFilePrefix(); }
+void clsRTIController::PollFilePrefix(const String& value) {
+  Required(mobjSOAPInterface).PollFilePrefix(value);
+}
+String clsRTIController::DeleteFilePrefix() const { return Required(mobjSOAPInterface).DeleteFilePrefix(); }
+void clsRTIController::DeleteFilePrefix(const String& value) {
+  Required(mobjSOAPInterface).DeleteFilePrefix(value);
+}
+
+bool clsRTIController::IsWebConnected() {
+  String type;
+  return IsWebConnected(type);
+}
+
+bool clsRTIController::IsWebConnected(String& strConnType) {
+  bool result = false;
+  Handled(kClass, "Function IsWebConnected", [&] {
+    strConnType.clear();
+    const ConnectionState state = CurrentHost()->Connection();
+    // The first bit that equals the answer names the connection; without one, that is the first clear bit.
+    constexpr std::pair<Long, const char*> kTypes[] = {{kConnectionLan, "LAN"},
+                                                       {kConnectionModem, "Modem"},
+                                                       {kConnectionProxy, "Proxy"},
+                                                       {kConnectionOffline, "Offline"},
+                                                       {kConnectionConfigured, "Configured"},
+                                                       {kConnectionRasInstalled, "Remote"}};
+    for (const auto& [flag, name] : kTypes) {
+      if (((state.flags & flag) != 0) != state.connected) continue;
+      strConnType = name;
+      break;
+    }
+    result = state.connected;
+  });
+  return result;
+}
+
+String clsRTIController::SavePath() {
+  String result;
+  Handled(kClass, "Get SavePath", [&] { result = Required(mobjSOAPInterface).SavePath(); });
+  return result;
+}
+
+void clsRTIController::SavePath(const String& value) {
+  Handled(kClass, "Let SavePath",
+          [&] { Required(mobjSOAPInterface).SavePath(WithTrailingSeparator(value)); });
+}
+
+void clsRTIController::Cancel() {
+  cancel_requested_ = true;
+  if (mobjSOAPInterface) mobjSOAPInterface->Cancel();
 }
 
 bool clsRTIController::LogThisSession() const { return log_this_session_; }

@@ -3,6 +3,7 @@
 #include "zelnor/common/enumerations.h"
 #include "zelnor/platform/collection.h"
 #include "zelnor/platform/event.h"
+#include "zelnor/platform/failure.h"
 #include "zelnor/platform/xml.h"
 
 namespace zelnor {
@@ -11,6 +12,7 @@ class ErrorRecord;
 class Validator;
 class clsGovTalkMessage;
 class clsLog;
+class clsSOAPInterface;
 class clsSubmission;
 class vlsCompanyValidator;
 class vlsEmployeeValidator;
@@ -63,11 +65,33 @@ class ZELNOR_API clsRTIController {
   };
   Events events;
 
+  /// The gateway's errors of the last send or poll as text, a line each; empty before.
+  String GatewayErrors() const;
+
   /// Whether the log is used. Writing False drops the log for the rest of the session; a later True doesn't
   /// bring it back.
   ///@{
   bool LogThisSession() const;
   void LogThisSession(bool value);
+  ///@}
+
+  /// How the names of the files of a conversation begin; see clsSOAPInterface.
+  ///@{
+  String ResponseFilePrefix() const;
+  void ResponseFilePrefix(const String& value);
+  String SendFilePrefix() const;
+  void SendFilePrefix(const String& value);
+  String PollFilePrefix() const;
+  void PollFilePrefix(const String& value);
+  String DeleteFilePrefix() const;
+  void DeleteFilePrefix(const String& value);
+  ///@}
+
+  /// Whether the machine is connected to a network. `strConnType` takes the kind of connection: "LAN",
+  /// "Modem", "Proxy", "Offline", "Configured", "Remote", or an empty text.
+  ///@{
+  bool IsWebConnected(String& strConnType);
+  bool IsWebConnected();
   ///@}
 
   /// Whether a missing connection stops a send or poll; written to the setting of that name.
@@ -82,6 +106,13 @@ class ZELNOR_API clsRTIController {
 
   /// Loads a document from an XML document.
   void ReadXMLDoc(const XmlDocument& xmlDoc);
+
+  /// The folder of the files that a conversation leaves behind. Writing it adds a "\" where it doesn't end in
+  /// a separator. Reading and writing make the folder.
+  ///@{
+  String SavePath();
+  void SavePath(const String& value);
+  ///@}
 
   /// The master switch of validation; written to the setting of that name. Writing True switches on all five
   /// stages.
@@ -137,6 +168,10 @@ class ZELNOR_API clsRTIController {
   void SetLogPeriodDescr(const String& strPeriodDescr);
   void AddLogMonthDescr(const String& strMonthDescr);
   ///@}
+
+  /// Asks a running validation, send or poll to stop at its next check; to be called from a handler of an
+  /// event or from the host's yield.
+  void Cancel();
 
   /// The error allowance of a validation; 0 for none. A negative value is stored as 0.
   ///@{
@@ -206,6 +241,36 @@ class ZELNOR_API clsRTIController {
   void GovTalkMessage(Ref<clsGovTalkMessage> value);
   ///@}
 
+  /// Validates the document, marks it, sends it to the gateway of `SubmissionMode`, polls to the final answer
+  /// and closes the conversation; events and log tell of each step. All on the caller's thread: the host's
+  /// yield is called all the while.
+  ///
+  /// @param strUsername, strPassword the sender's, for the poll file and the delete request. The message
+  /// itself
+  ///   carries those of its `Header_SenderDetails`.
+  /// @param strSaveACopyTo a file for a copy of the marked document, whatever became of it; empty for none. A
+  ///   file that is there is replaced.
+  /// @param strSaveAnotherCopyTo a file for one more copy; only with the first.
+  /// @return `Successful`; `Pending` when the gateway has it and the answer is still to come (see
+  ///   PollSubmission and CorrelationID); `FailedValidation`, `CancelledSend`: nothing was sent;
+  ///   `FailedSend`: refused, see GatewayErrors; `ConnectionFailed`; `UnknownError` after an unexpected
+  ///   error, a copy that could not be written among them, whatever became of the send.
+  SUBMISSION_RESULT SendSubmission(const String& strUsername = {}, const String& strPassword = {},
+                                   const String& strSaveACopyTo = {},
+                                   const String& strSaveAnotherCopyTo = {});
+
+  /// Asks the gateway for the answer to an earlier send, again and again without a pause while the answer is
+  /// provisional: call Cancel from `ControllerStatus` or the host's yield to leave it at one. The poll's
+  /// message replaces the controller's.
+  ///
+  /// @param strClass the submission's class, such as "HMRC-PAYE-RTI-FPS"
+  /// @param strCorrelationId the id that the gateway gave to the submission
+  /// @return `Successful`, `Pending` after a cancel, `ConnectionFailed`, or `FailedSend`. After an unexpected
+  ///   error what it held so far, which is 0, no member of SUBMISSION_RESULT, where nothing was known yet.
+  SUBMISSION_RESULT PollSubmission(const String& strClass, const String& strCorrelationId,
+                                   RTI_SEND_MODE eniSendMode = RTI_SEND_MODE::Live,
+                                   const String& strUsername = {}, const String& strPassword = {});
+
   /// Validates the document, marks it when it holds no mark, and writes it to a file. An empty path means the
   /// folder of the setting `XMLFilePath`; a path that ends in a separator is a folder, in which a file is
   /// named by class, date and time. A document that failed validation is written all the same and reported as
@@ -249,6 +314,21 @@ class ZELNOR_API clsRTIController {
   bool ValidatePaymentForPeriod(Integer intMaxErrors);
   static Integer GetRemainingErrors(Integer intAllowance, Long lngCount);
 
+  // Sending.
+  void RenewTransport();
+  bool ConnectionStands();
+  SUBMISSION_RESULT EndRefusedByValidation();
+  SUBMISSION_RESULT OutcomeOfSend(bool sent);
+  bool SaveCopies(const String& strSaveACopyTo, const String& strSaveAnotherCopyTo);
+  void ReportSendError(const RuntimeError& error, const String& sentence);
+  XmlDocument EnsureIRMarkedDocument();
+  void TakeLogSnapshot();
+  void LogSubmission(const XmlDocument& document);
+
+  // The transport's events.
+  void HoldTransport(Ref<clsSOAPInterface> transport);
+  void Tell(const String& line, const String& stage);
+
   // Saving.
   String PathToSave(const String& strFilepath);
 
@@ -274,6 +354,7 @@ class ZELNOR_API clsRTIController {
   bool submission_saved_ = false;
   bool log_this_session_ = true;
   Ref<clsGovTalkMessage> mobjGovTalkMessage;
+  Ref<clsSOAPInterface> mobjSOAPInterface;
   Subscription message_events_;
 };
 

@@ -3,6 +3,7 @@
 #include "zelnor/common/modPublicEnums.h"
 #include "zelnor/common/record.h"
 #include "zelnor/controller/clsRTIController.h"
+#include "zelnor/controller/log_text.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
 #include "zelnor/documents/clsSubmission.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
@@ -15,10 +16,6 @@ namespace {
 
 constexpr std::string_view kClass = "clsRTIController";
 constexpr const char* kDefaultFolder = "\\xml\\";
-
-String Count(std::int64_t number) { return Format(number, "#,##0"); }
-
-std::int64_t Now() { return CurrentHost()->Tick(); }
 
 // Marks the message and has its document hold the mark. A document that is built for the mark alone is nobody
 // else's yet, so that its header alone needs to be written again.
@@ -39,7 +36,7 @@ SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
   try {
     submission_saved_ = false;
     if (log_this_session_) Required(log_).SetSubmissionType(SubmissionType());
-    const std::int64_t start = Now();
+    const std::int64_t start = LogTick();
     if (!validation_required_) {
       Log("Validation is disabled. Commencing build...");
     } else if (Validate()) {
@@ -61,16 +58,16 @@ SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
       const XmlNode logged = Required(log_).Submission();
       logged.AppendChild(logged.OwnerDocument().ImportNode(document.DocumentElement(), true));
     }
-    const std::int64_t generated = Now();
-    Log("Submission generation completed in " + Count(generated - start) + " milliseconds");
+    const std::int64_t generated = LogTick();
+    Log("Submission generation completed in " + LogCount(generated - start) + " milliseconds");
     const String path = PathToSave(strFilepath);
     document.Save(path);
     submission_saved_ = true;
     submission_file_path_ = path;
     Log("Submission saved to file " + path);
-    const std::int64_t saved = Now();
-    Log("Submission save completed in " + Count(saved - generated) + " milliseconds");
-    Log("Total process completed in " + Count(saved - start) + " milliseconds");
+    const std::int64_t saved = LogTick();
+    Log("Submission save completed in " + LogCount(saved - generated) + " milliseconds");
+    Log("Total process completed in " + LogCount(saved - start) + " milliseconds");
     SaveLog();
   } catch (...) {
     const RuntimeError error = CurrentError();

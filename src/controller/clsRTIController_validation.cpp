@@ -2,6 +2,7 @@
 #include "zelnor/common/modPublicEnums.h"
 #include "zelnor/common/record.h"
 #include "zelnor/controller/clsRTIController.h"
+#include "zelnor/controller/log_text.h"
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsSectionEAS.h"
 #include "zelnor/documents/clsSectionEPS.h"
@@ -25,12 +26,6 @@ using enum eRTISUBMISSIONTYPE;
 constexpr std::string_view kClass = "clsRTIController";
 constexpr const char* kCancelled = "Validation cancelled at user's request.";
 
-String Count(std::int64_t number) { return Format(number, "#,##0"); }
-
-String MomentText() { return Format(CurrentHost()->Now(), "Dd/Mm/yyyy Hh:Nn:Ss"); }
-
-std::int64_t Now() { return CurrentHost()->Tick(); }
-
 }  // namespace
 
 bool clsRTIController::Validate() {
@@ -51,10 +46,10 @@ bool clsRTIController::Validate() {
       return;
     }
     Log("Beginning validation...");
-    const std::int64_t run_start = Now();
+    const std::int64_t run_start = LogTick();
     if (!RunStages(result)) return;
-    Log("Total time to validate: " + Count(Now() - run_start) + " milliseconds.");
-    Log("Validation completed at " + MomentText() + ".");
+    Log("Total time to validate: " + LogCount(LogTick() - run_start) + " milliseconds.");
+    Log("Validation completed at " + LogMoment() + ".");
     Status(result ? "Validation successful" : "Validation failed", 100);
     SaveLog();
   });
@@ -64,7 +59,7 @@ bool clsRTIController::Validate() {
 // Runs the stages in their order. False when the run ends early, by a cancel or since the allowance is spent.
 bool clsRTIController::RunStages(bool& result) {
   Integer allowance = 0;
-  std::int64_t stage_start = Now();
+  std::int64_t stage_start = LogTick();
   return !Cancelled() && EnvelopeStage(result, allowance, stage_start) &&
          CompanyStage(result, allowance, stage_start) && EmployeeStage(result, allowance, stage_start) &&
          PaymentStage(result, allowance, stage_start) && SchemaStage(result, stage_start);
@@ -75,7 +70,7 @@ bool clsRTIController::EnvelopeStage(bool& result, Integer& allowance, std::int6
     Log("Envelope Validation is disabled... proceeding with next stage.");
     return true;
   }
-  Log("Validation commenced at " + MomentText() + ".");
+  Log("Validation commenced at " + LogMoment() + ".");
   Status("Commencing Validation...", 0);
   allowance = max_errors_;
   Status("Validating Envelope...", 1);
@@ -175,8 +170,8 @@ bool clsRTIController::AllowanceIsSpent(Integer& allowance, Long errors) {
 }
 
 void clsRTIController::LogStageTime(const String& stage, std::int64_t& stage_start) {
-  Log(stage + " completed in " + Count(Now() - stage_start) + " milliseconds.");
-  stage_start = Now();
+  Log(stage + " completed in " + LogCount(LogTick() - stage_start) + " milliseconds.");
+  stage_start = LogTick();
 }
 
 Integer clsRTIController::GetRemainingErrors(Integer intAllowance, Long lngCount) {
@@ -188,7 +183,7 @@ bool clsRTIController::ValidateFile(Integer intMaxErrors) {
   const bool done = Handled(kClass, "Function ValidateFile", [&] {
     file_validator_ = std::make_shared<vlsFileValidator>();
     file_validator_->MaxErrors(intMaxErrors);
-    const std::int64_t start = Now();
+    const std::int64_t start = LogTick();
     Log("Commencing File Validation");
     if (cancel_requested_) return Log(kCancelled);
     result = file_validator_->ValidateFile(Required(mobjGovTalkMessage));
@@ -196,9 +191,9 @@ bool clsRTIController::ValidateFile(Integer intMaxErrors) {
       Log("File Validation successful.");
     } else if (log_this_session_) {
       Required(log_).AddFileValidationErrors(file_validator_->GetAsXML());
-      Log("File Validation failed. " + Count(file_validator_->ErrorCount()) + " errors found.");
+      Log("File Validation failed. " + LogCount(file_validator_->ErrorCount()) + " errors found.");
     }
-    Log("File Validation completed in " + Count(Now() - start) + " milliseconds");
+    Log("File Validation completed in " + LogCount(LogTick() - start) + " milliseconds");
   });
   return done && result;  // a stage that broke off has not passed
 }
@@ -208,17 +203,17 @@ bool clsRTIController::ValidateCompany(Integer intMaxErrors) {
   const bool done = Handled(kClass, "Function ValidateCompany", [&] {
     company_validator_ = std::make_shared<vlsCompanyValidator>();
     company_validator_->MaxErrors(intMaxErrors);
-    const std::int64_t start = Now();
+    const std::int64_t start = LogTick();
     Log("Commencing Company Validation");
     if (cancel_requested_) return Log(kCancelled);
     result = company_validator_->ValidateCompany(Required(Submission()));
     if (result) {
       Log("Company Validation successful.");
     } else if (log_this_session_) {
-      Log("Company Validation failed. " + Count(company_validator_->ErrorCount()) + " errors found.");
+      Log("Company Validation failed. " + LogCount(company_validator_->ErrorCount()) + " errors found.");
       Required(log_).AddCompanyValidationErrors(company_validator_->GetAsXML());
     }
-    Log("Company Validation completed in " + Count(Now() - start) + " milliseconds");
+    Log("Company Validation completed in " + LogCount(LogTick() - start) + " milliseconds");
   });
   return done && result;  // a stage that broke off has not passed
 }
@@ -228,7 +223,7 @@ bool clsRTIController::ValidateEmployees(Integer intMaxErrors) {
   const bool done = Handled(kClass, "Function ValidateEmployees", [&] {
     employee_validator_ = std::make_shared<vlsEmployeeValidator>();
     employee_validator_->MaxErrors(intMaxErrors);
-    const std::int64_t start = Now();
+    const std::int64_t start = LogTick();
     if (cancel_requested_) return Log(kCancelled);
     result = true;
     const Ref<clsSubmission> submission = Submission();
@@ -251,18 +246,18 @@ bool clsRTIController::ValidateEmployees(Integer intMaxErrors) {
     if (result) {
       Log("Employee Validation successful.");
     } else if (log_this_session_) {
-      Log("Employee Validation failed. " + Count(employee_validator_->ErrorCount()) + " errors found.");
+      Log("Employee Validation failed. " + LogCount(employee_validator_->ErrorCount()) + " errors found.");
       Required(log_).AddEmployeeValidationErrors(employee_validator_->GetAsXML());
     }
-    const std::int64_t time = Now() - start;
-    Log("Employee Validation completed in " + Count(time) + " milliseconds");
+    const std::int64_t time = LogTick() - start;
+    Log("Employee Validation completed in " + LogCount(time) + " milliseconds");
     if (employees && employees->Count() > 0) {
       Log("Average Validation processing time per Employee: " +
           ToText(static_cast<double>(time) / employees->Count()) + " milliseconds");
     }
-    Log("Employees: Checked: " + Count(employee_validator_->EmployeesChecked()) +
-        "; Valid: " + Count(employee_validator_->ValidEmployees()) +
-        "; Invalid: " + Count(employee_validator_->InvalidEmployees()));
+    Log("Employees: Checked: " + LogCount(employee_validator_->EmployeesChecked()) +
+        "; Valid: " + LogCount(employee_validator_->ValidEmployees()) +
+        "; Invalid: " + LogCount(employee_validator_->InvalidEmployees()));
   });
   return done && result;  // a stage that broke off has not passed
 }
@@ -273,17 +268,17 @@ bool clsRTIController::ValidatePaymentForPeriod(Integer intMaxErrors) {
     payment_validator_ = std::make_shared<vlsPaymentForPeriodValidator>();
     payment_validator_->MaxErrors(intMaxErrors);
     if (SubmissionType() != IsEPS) return;
-    const std::int64_t start = Now();
+    const std::int64_t start = LogTick();
     Log("Commencing Employer Payment Summary Validation");
     result = payment_validator_->ValidateEPS(Required(Required(Submission()).EPS()));
     if (result) {
       Log("Employer Payment Summary Validation successful.");
     } else if (log_this_session_) {
-      Log("Employer Payment Summary Validation failed. " + Count(payment_validator_->ErrorCount()) +
+      Log("Employer Payment Summary Validation failed. " + LogCount(payment_validator_->ErrorCount()) +
           " errors found.");
       Required(log_).AddPaymentForPeriodValidationErrors(payment_validator_->GetAsXML());
     }
-    Log("Employer Payment Summary Validation completed in " + Count(Now() - start) + " milliseconds");
+    Log("Employer Payment Summary Validation completed in " + LogCount(LogTick() - start) + " milliseconds");
   });
   return done && result;  // a stage that broke off has not passed
 }

@@ -196,6 +196,8 @@ bool DefaultHost::OpenFile(const String& program, const String& path) {
   }
 }
 
+HttpAnswer DefaultHost::Exchange(const HttpMessage& message) { return ExchangeHttp(message); }
+
 ConnectionState DefaultHost::Connection() {
   ConnectionState state;
   state.flags = kConnectionConfigured;

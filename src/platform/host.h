@@ -11,6 +11,7 @@
 /// zelnor::SetHost(std::make_shared<MyHost>());
 /// @endcode
 
+#include "zelnor/platform/http.h"
 #include "zelnor/platform/values.h"
 
 #include <cstddef>
@@ -91,6 +92,10 @@ class ZELNOR_API Host {
 
   /// The state of the network connection.
   virtual ConnectionState Connection() = 0;
+
+  /// Sends one HTTP request and waits for its answer. Raises a RuntimeError with one of the numbers of http.h
+  /// when none came. An application may bring a client of its own; it must never send a request twice.
+  virtual HttpAnswer Exchange(const HttpMessage& message) = 0;
 };
 
 /// The host that needs no screen: it writes each message to standard error and keeps the last 100 of them,
@@ -129,6 +134,9 @@ class ZELNOR_API DefaultHost : public Host {
   /// more than link-local in IPv6); the proxy bit when the environment's `http_proxy`, `https_proxy` or
   /// `all_proxy`, in either case, is not empty; the configured bit always.
   ConnectionState Connection() override;
+
+  /// ExchangeHttp.
+  HttpAnswer Exchange(const HttpMessage& message) override;
 
   /// The last 100 messages, oldest first. To be read while no other thread shows one.
   const std::deque<ShownMessage>& Messages() const { return messages_; }

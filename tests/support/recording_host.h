@@ -34,11 +34,15 @@ class RecordingHost : public Host {
     return can_open;
   }
   ConnectionState Connection() override { return connection; }
+  HttpAnswer Exchange(const HttpMessage& message) override {
+    return exchange ? exchange(message) : ExchangeHttp(message);
+  }
 
   std::vector<ShownMessage> messages;
   std::vector<DialogRequest> dialogs;
   std::vector<std::pair<String, String>> opened;
   std::function<void()> on_yield;
+  std::function<HttpAnswer(const HttpMessage&)> exchange;  ///< empty: over the network
   DialogAnswer answer{5, false};
   Date now;
   std::int64_t tick = 0;
