@@ -64,6 +64,8 @@ String NameOf(SUBMISSION_RESULT result) {
   }
 }
 
+void Tell(const String& message) { std::fprintf(stderr, "zelnor: %s\n", message.c_str()); }
+
 void PrepareHome(const CommonOptions& options) {
   if (!options.home.empty()) SetProgramFolder(AbsolutePath(options.home));
   FurnishProgramFolder();
@@ -100,7 +102,12 @@ KeptSetting::KeptSetting(String key) : key_(std::move(key)), value_(alsAppSettin
 
 KeptSetting::~KeptSetting() {
   alsAppSettings settings;
-  if (settings.ReadSetting(key_) != value_) settings.SetSetting(key_, value_);
+  if (settings.ReadSetting(key_) == value_) return;
+  if (value_.empty()) {
+    settings.RemoveSetting(key_);
+  } else {
+    settings.SetSetting(key_, value_);
+  }
 }
 
 }  // namespace zelnor::cli

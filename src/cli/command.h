@@ -50,6 +50,9 @@ ExitStatus StatusOf(SUBMISSION_RESULT result);
 /// The name of a result as in SUBMISSION_RESULT.
 String NameOf(SUBMISSION_RESULT result);
 
+/// Tells the person something, on standard error.
+void Tell(const String& message);
+
 /// Chooses the program's folder and furnishes it when it is missing or empty.
 void PrepareHome(const CommonOptions& options);
 

@@ -1,4 +1,5 @@
-#include "zelnor/cli/command.h"
+#include "zelnor/cli/conversation.h"
+#include "zelnor/cli/interrupt.h"
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/host.h"
 
@@ -11,17 +12,31 @@
 namespace zelnor::cli {
 namespace {
 
-volatile std::sig_atomic_t caught_signal = 0;
-
-// A command that is asked to stop ends in good order, so that the settings it changed are put back.
-void Remember(int signal) { caught_signal = signal; }
-
-void Tell(const String& message) { std::fprintf(stderr, "zelnor: %s\n", message.c_str()); }
-
 int ReportFailure(const CommonOptions& options, const String& message, ExitStatus status) {
   Tell(message);
   if (options.json) Print(options, {{"error", message}}, {});
   return status;
+}
+
+void AddGatewayOptions(CLI::App& command, GatewayOptions& options) {
+  command.add_option(
+      "--gateway", options.gateway,
+      "local: one inside the program (the default of send); hmrc: the addresses of the settings, HMRC's "
+      "own at first; hmrc needs --mode");
+  command.add_option("--submission-url", options.submission_url, "The address that takes submissions")
+      ->type_name("URL");
+  command.add_option("--poll-url", options.poll_url, "The address that answers polls")->type_name("URL");
+  command.add_option("--mode", options.mode,
+                     "Live (the default), Test, FileOnly, DevLive, DevTest, DevFileLive or DevFileTest");
+  command
+      .add_option("--user", options.user, "The sender's id; it replaces the sender's details of the document")
+      ->type_name("NAME");
+  command
+      .add_option("--password-file", options.password_file,
+                  "The file of the password, \"-\" for standard input. Else: $ZELNOR_PASSWORD, else a prompt")
+      ->type_name("F");
+  command.add_flag("--no-connection-test", options.no_connection_test,
+                   "Try it even where the machine seems to be offline");
 }
 
 int Run(int argc, char** argv) {
@@ -65,6 +80,65 @@ int Run(int argc, char** argv) {
   save->add_flag("--plain", save_options.plain, "Write the employees plain, however many they are")
       ->excludes(compress);
 
+  SendOptions send_options;
+  CLI::App* send = app.add_subcommand("send", "Send a document to a gateway and wait for the answer");
+  send->add_option("FILE", send_options.file, "A GovTalk message")->required();
+  AddGatewayOptions(*send, send_options.gateway);
+  send->add_option("--save-copy", send_options.save_copy, "A file for a copy of the marked document")
+      ->type_name("F");
+  send->add_option("--save-another-copy", send_options.save_another_copy, "A file for one more copy")
+      ->type_name("F")
+      ->needs("--save-copy");
+  send->add_flag("--no-validation", send_options.no_validation, "Don't validate before sending");
+  send->add_option("--today", send_options.today, "The date that the rules take as today")
+      ->type_name("YYYY-MM-DD");
+  CLI::Option* send_compressed =
+      send->add_flag("--compress", send_options.compress, "Send the employees compressed");
+  send->add_flag("--plain", send_options.plain, "Send the employees plain, however many they are")
+      ->excludes(send_compressed);
+
+  PollOptions poll_options;
+  CLI::App* poll = app.add_subcommand("poll", "Ask a gateway for the answer to an earlier submission");
+  poll->add_option("--class", poll_options.document_class,
+                   "The submission's class, such as HMRC-PAYE-RTI-FPS")
+      ->required()
+      ->type_name("C");
+  poll->add_option("--correlation-id", poll_options.correlation_id, "The id that the gateway gave to it")
+      ->required()
+      ->type_name("ID");
+  AddGatewayOptions(*poll, poll_options.gateway);
+  poll->add_flag("--wait", poll_options.wait,
+                 "Ask again, at the gateway's interval, until the answer is final");
+
+  GatewayCommandOptions gateway_options;
+  CLI::App* gateway = app.add_subcommand(
+      "gateway",
+      "Run a Transaction Engine on this machine, for development and tests, until SIGTERM or Ctrl-C");
+  gateway
+      ->add_option("--port", gateway_options.port, "The port to listen on; 0, the default, picks a free one")
+      ->check(CLI::Range(0, 65535));
+  gateway->add_option("--tls", gateway_options.tls, "Speak https with this certificate and key (PEM files)")
+      ->expected(2)
+      ->type_name("CERT KEY");
+  gateway->add_option("--scenario", gateway_options.scenario, "What to answer, line by line; see zelnor(1)")
+      ->type_name("FILE");
+  gateway->add_option("--record", gateway_options.record, "A folder for each request and answer")
+      ->type_name("DIR");
+  gateway->add_option("--user", gateway_options.user, "The only sender id that passes; anybody's without it")
+      ->type_name("NAME");
+  gateway
+      ->add_option(
+          "--password-file", gateway_options.password_file,
+          "The file of the password that passes, \"-\" for standard input. Else: $ZELNOR_PASSWORD, else a "
+          "prompt")
+      ->type_name("F");
+  gateway->add_option("--interval", gateway_options.interval, "Seconds between polls that it asks for (5)")
+      ->check(CLI::Range(-1, 32767));
+  gateway
+      ->add_option("--provisional", gateway_options.provisional,
+                   "How many polls it answers provisionally before the final answer (1)")
+      ->check(CLI::Range(0, 1000));
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
@@ -77,6 +151,9 @@ int Run(int argc, char** argv) {
   try {
     if (*show) return RunShow(options, file);
     if (*irmark) return RunIRmark(options, file);
+    if (*send) return RunSend(options, send_options);
+    if (*poll) return RunPoll(options, poll_options);
+    if (*gateway) return RunGateway(options, gateway_options);
     return RunSave(options, save_options);
   } catch (const CommandError& error) {
     return ReportFailure(options, error.what(), error.Status());
@@ -89,17 +166,13 @@ int Run(int argc, char** argv) {
 }  // namespace zelnor::cli
 
 int main(int argc, char** argv) {
-  using zelnor::cli::caught_signal;
   std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the limit is an error to report
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, zelnor::cli::Remember);
+  zelnor::cli::RememberSignals();
   // Whole documents come and go: the memory of one serves the next, and isn't handed back in between.
   constexpr int kKeptMemory = 1 << 30;
   mallopt(M_TRIM_THRESHOLD, kKeptMemory);
   mallopt(M_MXFAST, 0);
   const int status = zelnor::cli::Run(argc, argv);
-  if (caught_signal != 0) {
-    std::signal(caught_signal, SIG_DFL);
-    std::raise(caught_signal);
-  }
+  zelnor::cli::EndBySignal();
   return status;
 }

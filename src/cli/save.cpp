@@ -1,4 +1,4 @@
-#include "zelnor/cli/command.h"
+#include "zelnor/cli/conversation.h"
 #include "zelnor/common/clsLog.h"
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
@@ -13,13 +13,6 @@
 namespace zelnor::cli {
 namespace {
 
-Date TodayOf(const String& text) {
-  if (text.size() != 10 || text[4] != '-' || !IsDate(text)) {
-    throw CommandError(kWrongUsage, "--today: \"" + text + "\" is no date. Write it as YYYY-MM-DD.");
-  }
-  return ToDate(text);
-}
-
 String OutOf(const String& out) {
   const String path = AbsolutePath(out);
   if (!EndsInSeparator(path) && std::filesystem::is_directory(SystemPath(path))) {
@@ -32,22 +25,15 @@ String OutOf(const String& out) {
 }  // namespace
 
 int RunSave(const CommonOptions& options, const SaveOptions& save) {
-  if (save.compress) {
-    throw CommandError(kWrongUsage,
-                       "--compress: this version writes employees plain only. Leave the option out.");
-  }
-  const Date today = save.today.empty() ? Date() : TodayOf(save.today);
+  const Date today = TodayOf(save.today);
   const String out = OutOf(save.out);
   PrepareHome(options);
   clsRTIController rti;
   const KeptSetting validation_required("ValidationRequired");
   if (save.no_validation) rti.ValidationRequired(false);
   if (!save.today.empty()) rti.SystemDate(today);
-  rti.ReadXMLDoc(ReadMessage(save.file));
-  rti.OverrideCompression(true);
-  // The body is written anew, so an old mark goes; reading the property makes the record that the header's
-  // writer needs.
-  rti.Submission()->Header()->DocIRMark()->value("");
+  LoadDocument(rti, ReadMessage(save.file));
+  ChooseForm(rti, save.compress, save.plain);
   const SUBMISSION_RESULT result = rti.SaveSubmission(out);
   const bool saved = rti.SubmissionSaved();
   const String mark = saved ? rti.Submission()->Header()->DocIRMark()->value() : String();

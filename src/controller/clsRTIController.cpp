@@ -74,7 +74,7 @@ clsRTIController::clsRTIController() {
     mobjGovTalkMessage->SubmissionDocument()->SetSubmissionType(eRTISUBMISSIONTYPE::IsFPS);
     log_ = std::make_shared<clsLog>();
     log_->AddTimingRecord("RTI Controller initialised at " + LogMoment());
-    HoldTransport(std::make_shared<clsSOAPInterface>());
+    HoldTransport();
     ReadSettings();
   });
 }

@@ -284,6 +284,9 @@ class ZELNOR_API clsRTIController {
   /// Whether SaveSubmission wrote its file.
   bool SubmissionSaved() const;
 
+  /// The transport.
+  ZELNOR_INTERNAL Ref<clsSOAPInterface> Transport() const { return mobjSOAPInterface; }
+
   /// The path of the file that SaveSubmission wrote last; empty before.
   ZELNOR_INTERNAL String SubmissionFilePath() const;
 
@@ -326,7 +329,7 @@ class ZELNOR_API clsRTIController {
   void LogSubmission(const XmlDocument& document);
 
   // The transport's events.
-  void HoldTransport(Ref<clsSOAPInterface> transport);
+  void HoldTransport();
   void Tell(const String& line, const String& stage);
 
   // Saving.

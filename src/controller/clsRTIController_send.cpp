@@ -20,12 +20,9 @@ constexpr std::string_view kClass = "clsRTIController";
 
 }  // namespace
 
-// A transport serves one conversation; one that has had its own is followed by a fresh one.
+// A transport serves one conversation; one that has had its own is made as new.
 void clsRTIController::RenewTransport() {
-  if (Required(mobjSOAPInterface).ProcessingStatus() == SEND_STATUS::Unsent) return;
-  auto fresh = std::make_shared<clsSOAPInterface>();
-  fresh->SavePath(mobjSOAPInterface->SavePath());
-  HoldTransport(std::move(fresh));
+  if (Required(mobjSOAPInterface).ProcessingStatus() != SEND_STATUS::Unsent) mobjSOAPInterface->Renew();
 }
 
 SUBMISSION_RESULT clsRTIController::SendSubmission(const String& strUsername, const String& strPassword,
@@ -165,7 +162,8 @@ XmlDocument clsRTIController::EnsureIRMarkedDocument() {
   if (!header->HasDocIRMarkValue()) return clsSHA1().CreateIRMark(*message);
   XmlDocument document = message->Document();
   const XmlNode mark = document.SelectSingleNode(
-      "/*/*[local-name() = 'Body']/*[local-name() = 'IRenvelope']/*[local-name() = 'IRheader']/*[local-name() = "
+      "/*/*[local-name() = 'Body']/*[local-name() = 'IRenvelope']/*[local-name() = "
+      "'IRheader']/*[local-name() = "
       "'IRmark']");
   if (!mark || mark.Text() != header->DocIRMark()->value()) {
     message->RewriteIRHeader();
@@ -244,7 +242,8 @@ SUBMISSION_RESULT clsRTIController::PollSubmission(const String& strClass, const
     const RuntimeError error = CurrentError();
     ReportError(error, kClass, "Function PollSubmission");
     if (log_this_session_ && log_) {
-      log_->AddTimingRecord("An error occurred while attempting to send the submission: " + error.Description());
+      log_->AddTimingRecord("An error occurred while attempting to send the submission: " +
+                            error.Description());
       log_->Save();
     }
   }

@@ -18,7 +18,9 @@ constexpr const char* kPolling = "Polling for HMRC response, please wait...";
 constexpr const char* kWaiting = "Polling for results, please wait...";
 constexpr const char* kProcessing = "Processing HMRC response, please wait...";
 
-XmlNode RootOf(const Ref<clsGovTalkMessage>& message) { return Required(message).Document().DocumentElement(); }
+XmlNode RootOf(const Ref<clsGovTalkMessage>& message) {
+  return Required(message).Document().DocumentElement();
+}
 
 }  // namespace
 
@@ -28,8 +30,8 @@ void clsRTIController::Tell(const String& line, const String& stage) {
   events.ControllerStatus(stage, line, 0);
 }
 
-void clsRTIController::HoldTransport(Ref<clsSOAPInterface> transport) {
-  mobjSOAPInterface = std::move(transport);
+void clsRTIController::HoldTransport() {
+  mobjSOAPInterface = std::make_shared<clsSOAPInterface>();
   clsSOAPInterface::Events& from = mobjSOAPInterface->events;
 
   from.AcknowledgementReceived.connect(
@@ -44,7 +46,8 @@ void clsRTIController::HoldTransport(Ref<clsSOAPInterface> transport) {
   from.ConversationClosed.connect([this](const String& id) {
     Tell("Conversation successfully closed with Gov Gateway for submission " + id + ".", kCommunicating);
   });
-  from.ErrorResponseReceived.connect([this](const String& id) { events.ErrorResponseReceivedFromGateway(id); });
+  from.ErrorResponseReceived.connect(
+      [this](const String& id) { events.ErrorResponseReceivedFromGateway(id); });
   from.GatewayConnectionError.connect([this](const String& id) { events.GatewayConnectionError(id); });
   from.InitialErrorResponseReceived.connect([this] { events.InitialErrorResponseReceivedFromGateway(); });
   from.IRmarkGenerated.connect([this](const String& base64, const String& base32) {
@@ -69,7 +72,8 @@ void clsRTIController::HoldTransport(Ref<clsSOAPInterface> transport) {
     Tell("Submitting document to Government Gateway at " + LogMoment(), kCommunicating);
     if (log_this_session_) Required(log_).AddSubmission(RootOf(mobjGovTalkMessage));
   });
-  from.SendingError.connect([this](const String& reason) { Tell("Error sending document: " + reason, kError); });
+  from.SendingError.connect(
+      [this](const String& reason) { Tell("Error sending document: " + reason, kError); });
   from.StatusChanged.connect([this](const String& status) { Tell(status, kCommunicating); });
   from.SubmissionSuccessful.connect([this](const String& id, const String&, const String&) {
     Tell("Document submission completed successfully at " + LogMoment(), kProcessing);

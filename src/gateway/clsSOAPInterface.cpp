@@ -21,7 +21,8 @@ constexpr const char* kTestEngine = "https://test-transaction-engine.tax.service
 }  // namespace
 
 clsSOAPInterface::clsSOAPInterface()
-    : gateway_errors_collection_(MakeCollection<clsGTMGovTalkError>()), employees_(MakeCollection<clsEmployee>()) {
+    : gateway_errors_collection_(MakeCollection<clsGTMGovTalkError>()),
+      employees_(MakeCollection<clsEmployee>()) {
   Handled(kClass, "Sub Class_Initialize", [&] {
     alsAppSettings settings;
     String folder = settings.ReadSetting("XMLFilePath");
@@ -59,12 +60,18 @@ void clsSOAPInterface::ResponseFilePrefix(const String& value) {
 }
 
 String clsSOAPInterface::SendFilePrefix() { return Prefix(send_file_prefix_, "SendFilePrefix", "send"); }
-void clsSOAPInterface::SendFilePrefix(const String& value) { Prefix(send_file_prefix_, "SendFilePrefix", value); }
+void clsSOAPInterface::SendFilePrefix(const String& value) {
+  Prefix(send_file_prefix_, "SendFilePrefix", value);
+}
 
 String clsSOAPInterface::PollFilePrefix() { return Prefix(poll_file_prefix_, "PollFilePrefix", "poll"); }
-void clsSOAPInterface::PollFilePrefix(const String& value) { Prefix(poll_file_prefix_, "PollFilePrefix", value); }
+void clsSOAPInterface::PollFilePrefix(const String& value) {
+  Prefix(poll_file_prefix_, "PollFilePrefix", value);
+}
 
-String clsSOAPInterface::DeleteFilePrefix() { return Prefix(delete_file_prefix_, "DeleteFilePrefix", "delete"); }
+String clsSOAPInterface::DeleteFilePrefix() {
+  return Prefix(delete_file_prefix_, "DeleteFilePrefix", "delete");
+}
 void clsSOAPInterface::DeleteFilePrefix(const String& value) {
   Prefix(delete_file_prefix_, "DeleteFilePrefix", value);
 }
@@ -106,8 +113,8 @@ String clsSOAPInterface::GatewayURL() {
   return current_url_;
 }
 
-// Modes Live and Test take the live gateway, where a test is told by the message itself; the developers' modes
-// take the test gateway.
+// Modes Live and Test take the live gateway, where a test is told by the message itself; the developers'
+// modes take the test gateway.
 String clsSOAPInterface::AddressOf(const char* member, const String& live_key, const String& test_key,
                                    const char* path) {
   String address;
@@ -134,6 +141,18 @@ String clsSOAPInterface::GetPollGatewayUrl() {
 
 String clsSOAPInterface::SelectGatewayUrl(eRTISUBMISSIONTYPE type) {
   return type == eRTISUBMISSIONTYPE::IsPollDoc ? GetPollGatewayUrl() : GetSubmissionGatewayUrl();
+}
+
+void clsSOAPInterface::Renew() {
+  processing_status_ = SEND_STATUS::Unsent;
+  status_.clear();
+  gateway_errors_.clear();
+  gateway_errors_collection_ = MakeCollection<clsGTMGovTalkError>();
+  employees_ = MakeCollection<clsEmployee>();
+  success_text_.clear();
+  cancel_ = false;
+  response_files_ = 0;
+  polls_ = 0;
 }
 
 void clsSOAPInterface::SetStatus(const String& status) {

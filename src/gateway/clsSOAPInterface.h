@@ -149,13 +149,18 @@ class ZELNOR_API clsSOAPInterface {
   /// no connection came about, and when the first answer was an error. Errors are told by events.
   bool Send(const Ref<clsGovTalkMessage>& objsubmission);
 
+  /// Makes the object as new for another conversation. Folder, prefixes and handlers stay.
+  ZELNOR_INTERNAL void Renew();
+
   /// Ends the waits and the retries; a running exchange ends first. Not taken back.
   ZELNOR_INTERNAL void Cancel() { cancel_ = true; }
 
   /// Makes a poll's message and saves its document as the poll file of that number. No object after a
   /// failure, which is told by `SendingError`.
-  ZELNOR_INTERNAL Ref<clsGovTalkMessage> BuildPollDocument(const String& strQualifier, const String& strFunction,
-                                                           const String& strCorrelationId, Long lngPollNumber);
+  ZELNOR_INTERNAL Ref<clsGovTalkMessage> BuildPollDocument(const String& strQualifier,
+                                                           const String& strFunction,
+                                                           const String& strCorrelationId,
+                                                           Long lngPollNumber);
 
   /// Polls for the answer to a message until it is final or a cancel comes.
   ZELNOR_INTERNAL void PollForResponse(const Ref<clsGovTalkMessage>& objResponse);
@@ -174,7 +179,8 @@ class ZELNOR_API clsSOAPInterface {
 
   // Sending.
   Ref<clsGovTalkMessage> SendXML(const Ref<clsGovTalkMessage>& objMessage, const String& strURL);
-  void PostMessage(const Ref<clsGovTalkMessage>& message, const String& url, Long attempt, HttpRequest& request);
+  void PostMessage(const Ref<clsGovTalkMessage>& message, const String& url, Long attempt,
+                   HttpRequest& request);
   Ref<clsGovTalkMessage> ReadAnswer(clsGovTalkMessage& sent, const XmlDocument& answer);
   Ref<clsGovTalkMessage> FailedConnection(clsGovTalkMessage& sent, const String& text);
   Ref<clsGovTalkMessage> ErrorAnswer(clsGovTalkMessage& sent, bool as_error, const String& text);

@@ -4,12 +4,13 @@
 #include "zelnor/documents/clsEmployeeNameType.h"
 #include "zelnor/documents/clsSectionErrorResponse.h"
 #include "zelnor/documents/clsSubmission.h"
-#include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/envelope/clsGTMGovTalkDetails.h"
 #include "zelnor/envelope/clsGTMGovTalkError.h"
 #include "zelnor/envelope/clsGTMMessageDetails.h"
 #include "zelnor/envelope/clsGTMSenderDetails.h"
+#include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/gateway/clsSOAPInterface.h"
+#include "zelnor/gateway/poll_wait.h"
 #include "zelnor/gateway/transport_error.h"
 #include "zelnor/platform/http.h"
 #include "zelnor/platform/waiting.h"
@@ -25,27 +26,16 @@ constexpr const char* kLineEnd = "\r\n";
 // The wait for one second, as a part of a day: a little longer than the clock's.
 constexpr double kSecond = 0.000012;
 
-// Seconds of wait where the gateway names none, or 99 and more.
-constexpr Long kStandardInterval = 10;
-
 // The message of an immediate acceptance behind which nothing is of interest.
 constexpr std::string_view kLastMessage = "9001";
 
-String QualifierOf(clsGovTalkMessage& message) { return LowerCase(message.Header_MessageDetails()->Qualifier()); }
-String FunctionOf(clsGovTalkMessage& message) { return LowerCase(message.Header_MessageDetails()->MessageFunction()); }
+String QualifierOf(clsGovTalkMessage& message) {
+  return LowerCase(message.Header_MessageDetails()->Qualifier());
+}
+String FunctionOf(clsGovTalkMessage& message) {
+  return LowerCase(message.Header_MessageDetails()->MessageFunction());
+}
 String CorrelationOf(clsGovTalkMessage& message) { return message.Header_MessageDetails()->CorrelationID(); }
-
-Long Interval(Long told) {
-  if (told == 0 || told >= 99) return kStandardInterval;
-  return told == -1 ? 0 : told;
-}
-
-// The more often it has polled, the longer it waits.
-Long BackedOff(Long interval, Long poll) {
-  if (poll <= 5) return interval;
-  if (poll <= 12) return ToLong(static_cast<double>(interval) * 1.5);
-  return poll <= 20 ? interval * 2 : interval * 3;
-}
 
 Long SecondOfClock() { return ToLong(Format(CurrentHost()->Now(), "Ss")); }
 
@@ -162,7 +152,7 @@ void clsSOAPInterface::Poll(clsGovTalkMessage& response, const Ref<clsGovTalkMes
   Long poll_number = 1;
   for (; qualifier != "response" && qualifier != "error" && !cancel_; ++poll_number) {
     if (function == "submit") qualifier = "poll";
-    const Long wait = BackedOff(Interval(details.ResponsePollInterval()), ++polls_);
+    const Long wait = SecondsToPoll(details.ResponsePollInterval(), ++polls_);
     String end_point = details.ResponseEndPoint();
     if (end_point.empty()) end_point = SelectGatewayUrl(eRTISUBMISSIONTYPE::IsPollDoc);
     const String correlation_id = details.CorrelationID();
@@ -182,7 +172,8 @@ void clsSOAPInterface::Poll(clsGovTalkMessage& response, const Ref<clsGovTalkMes
     const Ref<clsGovTalkMessage> answer = SendXML(held, end_point);
     if (!answer) {
       if (processing_status_ == SEND_STATUS::ConnectionFailed) break;
-      if (details.ResponsePollInterval() == 0) details.ResponsePollInterval(static_cast<Integer>(kStandardInterval));
+      if (details.ResponsePollInterval() == 0)
+        details.ResponsePollInterval(static_cast<Integer>(kStandardInterval));
       continue;
     }
     qualifier = QualifierOf(*answer);
@@ -225,8 +216,10 @@ void clsSOAPInterface::WaitToPoll(Long seconds) {
   }
 }
 
-Ref<clsGovTalkMessage> clsSOAPInterface::BuildPollDocument(const String& strQualifier, const String& strFunction,
-                                                           const String& strCorrelationId, Long lngPollNumber) {
+Ref<clsGovTalkMessage> clsSOAPInterface::BuildPollDocument(const String& strQualifier,
+                                                           const String& strFunction,
+                                                           const String& strCorrelationId,
+                                                           Long lngPollNumber) {
   Ref<clsGovTalkMessage> result;
   try {
     auto message = std::make_shared<clsGovTalkMessage>();
@@ -292,7 +285,8 @@ void clsSOAPInterface::ProcessError(const Ref<clsGovTalkMessage>& objResponse) {
   }
 }
 
-// Adds the errors of the answer's body to those of its envelope; where there are none at all, one that says so.
+// Adds the errors of the answer's body to those of its envelope; where there are none at all, one that says
+// so.
 void clsSOAPInterface::GatherErrors(clsSubmission& submission, Errors& errors) {
   if (submission.SubmissionType() == eRTISUBMISSIONTYPE::IsPollDoc) {
     const XmlNode body = submission.PLD();
@@ -333,7 +327,8 @@ String clsSOAPInterface::TextOfErrors(const Errors& errors) {
   String text;
   for (const Ref<clsGTMGovTalkError>& error : errors) {
     if (error->Number() == kInconsistentMethod || error->Number() == kAuthenticationFailure) {
-      text = "Sender ID / Password are incorrect for the Tax District Number and Reference you are submitting.";
+      text =
+          "Sender ID / Password are incorrect for the Tax District Number and Reference you are submitting.";
       events.ERRORRESPONSE(text, error);
       continue;
     }

@@ -1,14 +1,14 @@
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsSectionEAS.h"
-#include "zelnor/documents/clsSectionErrorResponse.h"
 #include "zelnor/documents/clsSectionEYU.h"
+#include "zelnor/documents/clsSectionErrorResponse.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSectionNVR.h"
 #include "zelnor/documents/clsSubmission.h"
-#include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/envelope/clsGTMGovTalkError.h"
 #include "zelnor/envelope/clsGTMMessageDetails.h"
 #include "zelnor/envelope/clsGTMSenderDetails.h"
+#include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/envelope/clsSHA1.h"
 #include "zelnor/gateway/clsSOAPInterface.h"
 #include "zelnor/gateway/transport_error.h"
@@ -69,7 +69,8 @@ bool clsSOAPInterface::Send(const Ref<clsGovTalkMessage>& objsubmission) {
     result = true;
     const std::int64_t start = CurrentHost()->Tick();
     const auto is_open = [&] {
-      return processing_status_ == SEND_STATUS::PendingResult || processing_status_ == SEND_STATUS::Processing;
+      return processing_status_ == SEND_STATUS::PendingResult ||
+             processing_status_ == SEND_STATUS::Processing;
     };
     while (!cancel_ && is_open() && CurrentHost()->Tick() - start < kLastWait) YieldAndRest();
   } catch (...) {
@@ -95,9 +96,10 @@ CollectionRef<clsEmployee> clsSOAPInterface::EmployeesOf(clsGovTalkMessage& mess
   }
 }
 
-// Posts the message and reads the answer. A failure before the answer repeats all of it, the mark included; so
-// with the standard three attempts up to four sends take place, the last telling "attempt 4 of 3".
-Ref<clsGovTalkMessage> clsSOAPInterface::SendXML(const Ref<clsGovTalkMessage>& objMessage, const String& strURL) {
+// Posts the message and reads the answer. A failure before the answer repeats all of it, the mark included;
+// so with the standard three attempts up to four sends take place, the last telling "attempt 4 of 3".
+Ref<clsGovTalkMessage> clsSOAPInterface::SendXML(const Ref<clsGovTalkMessage>& objMessage,
+                                                 const String& strURL) {
   for (Long attempt = 0;; ++attempt) {
     HttpRequest request;
     try {
@@ -177,7 +179,8 @@ Ref<clsGovTalkMessage> clsSOAPInterface::FailedConnection(clsGovTalkMessage& sen
 
 // What stands for an answer where none came: the message that was sent, without its sender and with the error
 // for its body.
-Ref<clsGovTalkMessage> clsSOAPInterface::ErrorAnswer(clsGovTalkMessage& sent, bool as_error, const String& text) {
+Ref<clsGovTalkMessage> clsSOAPInterface::ErrorAnswer(clsGovTalkMessage& sent, bool as_error,
+                                                     const String& text) {
   auto response = std::make_shared<clsGovTalkMessage>();
   response->CreateFromXML(sent.Document().DocumentElement().CloneNode(true));
   if (as_error) {

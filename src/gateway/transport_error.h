@@ -10,8 +10,8 @@ namespace zelnor {
 /// " - " and the description.
 inline String TransportErrorText(const RuntimeError& error, const char* member) {
   if (error.Number() == kFormattedError) return error.Source() + " : " + error.Description();
-  return String("Error in ZELNOR.dll::clsSOAPInterface::") + member + ": Error " + ToText(error.Number()) + " - " +
-         error.Description();
+  return String("Error in ZELNOR.dll::clsSOAPInterface::") + member + ": Error " + ToText(error.Number()) +
+         " - " + error.Description();
 }
 
 }  // namespace zelnor

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
@@ -28,7 +29,8 @@ String Environment(const char* name) {
 // libcurl is set up once for the process, before its first use.
 void StartCurl() {
   static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
-  if (started != CURLE_OK) throw RuntimeError(kHttpNoConnection, "ZELNOR", "The HTTP client can't be started.");
+  if (started != CURLE_OK)
+    throw RuntimeError(kHttpNoConnection, "ZELNOR", "The HTTP client can't be started.");
 }
 
 // One exchange: what libcurl's callbacks need to know.
@@ -65,7 +67,8 @@ int OnProgress(void* context, curl_off_t /*to_receive*/, curl_off_t /*received*/
   auto& exchange = *static_cast<Exchange*>(context);
   if (!exchange.connected || sent != exchange.sent) exchange.last_byte = Clock::now();
   exchange.sent = sent;
-  const auto silence = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - exchange.last_byte);
+  const auto silence =
+      std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - exchange.last_byte);
   exchange.stalled = silence.count() >= exchange.message.stall_timeout;
   return exchange.stalled ? 1 : 0;
 }
@@ -94,8 +97,8 @@ String HostOf(const String& url) {
 bool BrokenOffInHandshake(CURL* curl, std::string_view detail) {
   long verified = 0;
   curl_easy_getinfo(curl, CURLINFO_SSL_VERIFYRESULT, &verified);
-  constexpr std::array<std::string_view, 5> kSigns = {"SSL_ERROR_SYSCALL", "SSL_ERROR_ZERO_RETURN", "unexpected eof",
-                                                      "reset by peer", "Broken pipe"};
+  constexpr std::array<std::string_view, 5> kSigns = {"SSL_ERROR_SYSCALL", "SSL_ERROR_ZERO_RETURN",
+                                                      "unexpected eof", "reset by peer", "Broken pipe"};
   return verified == 0 && std::any_of(kSigns.begin(), kSigns.end(), [&](std::string_view sign) {
            return detail.find(sign) != std::string_view::npos;
          });
@@ -104,7 +107,9 @@ bool BrokenOffInHandshake(CURL* curl, std::string_view detail) {
 RuntimeError ErrorOf(CURL* curl, CURLcode code, const Exchange& exchange, std::string_view detail) {
   const String host = HostOf(exchange.message.url);
   const String cause = detail.empty() ? curl_easy_strerror(code) : String(detail);
-  const auto error = [](Long number, const String& sentence) { return RuntimeError(number, "ZELNOR", sentence); };
+  const auto error = [](Long number, const String& sentence) {
+    return RuntimeError(number, "ZELNOR", sentence);
+  };
   if (exchange.stalled) return error(kHttpTimedOut, "No answer came from " + host + " in time.");
   switch (code) {
     case CURLE_URL_MALFORMAT:
@@ -142,6 +147,27 @@ struct HeaderList {
     list = longer;
   }
   curl_slist* list = nullptr;
+};
+
+// A server that has gone away in the middle of a write over TLS must not end the process.
+class WithoutBrokenPipe {
+ public:
+  WithoutBrokenPipe() {
+    sigemptyset(&pipe_);
+    sigaddset(&pipe_, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &pipe_, &former_);
+  }
+  WithoutBrokenPipe(const WithoutBrokenPipe&) = delete;
+  WithoutBrokenPipe& operator=(const WithoutBrokenPipe&) = delete;
+  ~WithoutBrokenPipe() {
+    constexpr timespec kNow{};
+    if (sigismember(&former_, SIGPIPE) == 0) sigtimedwait(&pipe_, nullptr, &kNow);
+    pthread_sigmask(SIG_SETMASK, &former_, nullptr);
+  }
+
+ private:
+  sigset_t pipe_{};
+  sigset_t former_{};
 };
 
 }  // namespace
@@ -193,6 +219,7 @@ HttpAnswer ExchangeHttp(const HttpMessage& message) {
   curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
   curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, OnProgress);
   curl_easy_setopt(curl, CURLOPT_XFERINFODATA, &exchange);
+  const WithoutBrokenPipe quiet;
   const CURLcode code = curl_easy_perform(curl);
   // An answer that can't be unpacked is an answer without a document.
   if (code == CURLE_BAD_CONTENT_ENCODING) exchange.answer.body = {};

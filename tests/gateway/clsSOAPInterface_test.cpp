@@ -16,10 +16,11 @@
 #include "zelnor/envelope/clsIRMark.h"
 #include "zelnor/platform/files.h"
 
+#include <filesystem>
+
 #include "support/payroll.h"
 #include "support/recording_host.h"
 #include "support/temporary_folder.h"
-#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -55,7 +56,8 @@ struct Answer {
   String id = "0123456789ABCDEF0123456789ABCDEF";
 
   String Text() const {
-    return "<GovTalkMessage xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><EnvelopeVersion>2.0</EnvelopeVersion>"
+    return "<GovTalkMessage "
+           "xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><EnvelopeVersion>2.0</EnvelopeVersion>"
            "<Header><MessageDetails><Class>HMRC-PAYE-RTI-FPS</Class><Qualifier>" +
            qualifier + "</Qualifier><Function>" + function + "</Function><CorrelationID>" + id +
            "</CorrelationID><ResponseEndPoint PollInterval=\"" + interval + "\">" + end_point +
@@ -226,7 +228,8 @@ TEST_F(TransportTest, AddressesAreBuiltInAndWrittenToTheSettingsOnFirstUse) {
   EXPECT_EQ(Setting("GovGatewayPollURL_Live"), "https://transaction-engine.tax.service.gov.uk/poll");
   transport.Mode(RTI_SEND_MODE::DevTest);
   EXPECT_EQ(transport.GatewayURL(), "https://test-transaction-engine.tax.service.gov.uk/submission");
-  EXPECT_EQ(clsSOAPInterfacePeer::PollURL(transport), "https://test-transaction-engine.tax.service.gov.uk/poll");
+  EXPECT_EQ(clsSOAPInterfacePeer::PollURL(transport),
+            "https://test-transaction-engine.tax.service.gov.uk/poll");
   EXPECT_EQ(Setting("GovGatewayURL_Test"), "https://test-transaction-engine.tax.service.gov.uk/submission");
   EXPECT_EQ(Setting("GovGatewayPollURL_Test"), "https://test-transaction-engine.tax.service.gov.uk/poll");
 }
@@ -237,7 +240,8 @@ TEST_F(TransportTest, OnlyLiveAndTestTakeTheLiveAddress) {
   clsSOAPInterface transport;
   for (Long mode = 0; mode <= 6; ++mode) {
     transport.Mode(static_cast<RTI_SEND_MODE>(mode));
-    EXPECT_EQ(transport.GatewayURL(), mode == 0 || mode == 2 ? "https://live.invalid/" : "https://test.invalid/");
+    EXPECT_EQ(transport.GatewayURL(),
+              mode == 0 || mode == 2 ? "https://live.invalid/" : "https://test.invalid/");
   }
 }
 
@@ -273,15 +277,16 @@ TEST_F(TransportTest, AnAcceptedSubmissionRaisesItsEventsInOrder) {
   EXPECT_THAT(events_,
               ElementsAre("StatusChanged Initialising...", "IRmarkGenerated", "SendingDocument 0",
                           "StatusChanged Attempting to send... attempt 1 of 3",
-                          "MessageSent https://gateway.invalid/submission", "StatusChanged Processing response...",
-                          "ResponseReceived acknowledgement",
+                          "MessageSent https://gateway.invalid/submission",
+                          "StatusChanged Processing response...", "ResponseReceived acknowledgement",
                           "StatusChanged Acknowledgement received from Government Gateway",
                           "SubmissionSuccessful " + id + " " + poll + " 5", "AcknowledgementReceived " + id,
                           "WaitingToPollTitle 0", "StatusChanged Beginning Poll...", "PollingDocument 0",
-                          "MessageSent " + poll, "StatusChanged Processing response...", "ResponseReceived response",
-                          "SuccessResponseReceived " + id, "ClosingConversation " + id, "MessageSent " + poll,
-                          "ConversationClosed " + id));
-  EXPECT_THAT(Files(), ElementsAre("delete.xml", "deleteOriginal.xml", "poll1.xml", "response.xml", "send.xml"));
+                          "MessageSent " + poll, "StatusChanged Processing response...",
+                          "ResponseReceived response", "SuccessResponseReceived " + id,
+                          "ClosingConversation " + id, "MessageSent " + poll, "ConversationClosed " + id));
+  EXPECT_THAT(Files(),
+              ElementsAre("delete.xml", "deleteOriginal.xml", "poll1.xml", "response.xml", "send.xml"));
   EXPECT_THAT(host_->messages, IsEmpty());
 }
 
@@ -336,15 +341,15 @@ TEST_F(TransportTest, AFailedConnectionIsTriedFourTimes) {
   EXPECT_FALSE(transport.Send(Message()));
   EXPECT_EQ(transport.ProcessingStatus(), SEND_STATUS::ConnectionFailed);
   EXPECT_EQ(sent_.size(), 4U);
-  EXPECT_THAT(events_,
-              ElementsAre("StatusChanged Initialising...", "IRmarkGenerated", "SendingDocument 0",
-                          "StatusChanged Attempting to send... attempt 1 of 3", "IRmarkGenerated",
-                          "SendingDocument 1", "StatusChanged Attempting to send... attempt 2 of 3",
-                          "IRmarkGenerated", "SendingDocument 2",
-                          "StatusChanged Attempting to send... attempt 3 of 3", "IRmarkGenerated",
-                          "SendingDocument 3", "StatusChanged Attempting to send... attempt 4 of 3",
-                          "CannotSendDocument Maximum attempts reached",
-                          "StatusChanged Failed to connect to the Government Gateway.", "ResponseReceived error"));
+  EXPECT_THAT(events_, ElementsAre("StatusChanged Initialising...", "IRmarkGenerated", "SendingDocument 0",
+                                   "StatusChanged Attempting to send... attempt 1 of 3", "IRmarkGenerated",
+                                   "SendingDocument 1", "StatusChanged Attempting to send... attempt 2 of 3",
+                                   "IRmarkGenerated", "SendingDocument 2",
+                                   "StatusChanged Attempting to send... attempt 3 of 3", "IRmarkGenerated",
+                                   "SendingDocument 3", "StatusChanged Attempting to send... attempt 4 of 3",
+                                   "CannotSendDocument Maximum attempts reached",
+                                   "StatusChanged Failed to connect to the Government Gateway.",
+                                   "ResponseReceived error"));
   ASSERT_TRUE(response);
   EXPECT_EQ(response->Header_MessageDetails()->MessageFunction(), "submit");
   EXPECT_EQ(response->Header_SenderDetails()->SenderID(), "");
@@ -371,10 +376,11 @@ TEST_F(TransportTest, ARefusedCertificateIsTriedOnce) {
   EXPECT_FALSE(transport.Send(Message()));
   EXPECT_EQ(sent_.size(), 1U);
   EXPECT_EQ(transport.ProcessingStatus(), SEND_STATUS::ConnectionFailed);
-  EXPECT_EQ(response->SubmissionDocument()->ERRORRESPONSE()->GetError(1)->Text(),
-            "Unable to communicate with the Government Gateway. The target server may have an invalid HTTP "
-            "security certificate.\r\n\r\nPlease ensure that your PC date is set to the correct date and time, "
-            "and that you are able to access the Internet without any issues.");
+  EXPECT_EQ(
+      response->SubmissionDocument()->ERRORRESPONSE()->GetError(1)->Text(),
+      "Unable to communicate with the Government Gateway. The target server may have an invalid HTTP "
+      "security certificate.\r\n\r\nPlease ensure that your PC date is set to the correct date and time, "
+      "and that you are able to access the Internet without any issues.");
 }
 
 TEST_F(TransportTest, AnAnswerThatIsNoXmlFailsTheConnectionWithoutARetry) {
@@ -582,7 +588,8 @@ TEST_F(TransportTest, AnyOtherQualifierFails) {
 TEST_F(TransportTest, TheMessagesOfAnAcceptanceEndBehindNumber9001) {
   XmlDocument document;
   document.LoadXML(
-      "<GovTalkMessage><Body><SuccessResponse><Message code=\"1\">one</Message><Message code=\"9001\">two</Message>"
+      "<GovTalkMessage><Body><SuccessResponse><Message code=\"1\">one</Message><Message "
+      "code=\"9001\">two</Message>"
       "<Message code=\"2\">three</Message></SuccessResponse></Body></GovTalkMessage>");
   clsSOAPInterface transport;
   clsSOAPInterfacePeer::CollectMessages(transport, document);
@@ -596,8 +603,9 @@ TEST_F(TransportTest, AConversationThatCannotBeClosedIsShownAndStaysComplete) {
   EXPECT_TRUE(transport.Send(Message()));
   EXPECT_EQ(transport.ProcessingStatus(), SEND_STATUS::Complete);
   ASSERT_EQ(host_->messages.size(), 1U);
-  EXPECT_EQ(host_->messages[0].text,
-            "Error in ZELNOR.dll::clsSOAPInterface: Sub CloseConversation: Error -2146697211 - nobody listens");
+  EXPECT_EQ(
+      host_->messages[0].text,
+      "Error in ZELNOR.dll::clsSOAPInterface: Sub CloseConversation: Error -2146697211 - nobody listens");
   EXPECT_EQ(events_.back(), String("ClosingConversation ") + kId);
 }
 
@@ -623,11 +631,12 @@ class ErrorTest : public TransportTest {
     return *transport_.GatewayErrorsCollection()->Item(1);
   }
   static String Error(const String& number, const String& text, const String& location = {}) {
-    return "<Error><RaisedBy>Gateway</RaisedBy><Number>" + number + "</Number><Type>fatal</Type><Text>" + text +
-           "</Text><Location>" + location + "</Location></Error>";
+    return "<Error><RaisedBy>Gateway</RaisedBy><Number>" + number + "</Number><Type>fatal</Type><Text>" +
+           text + "</Text><Location>" + location + "</Location></Error>";
   }
   static String ErrorResponse(const String& errors) {
-    return "<ErrorResponse xmlns=\"http://www.govtalk.gov.uk/CM/errorresponse\">" + errors + "</ErrorResponse>";
+    return "<ErrorResponse xmlns=\"http://www.govtalk.gov.uk/CM/errorresponse\">" + errors +
+           "</ErrorResponse>";
   }
 
   clsSOAPInterface transport_;
@@ -635,8 +644,7 @@ class ErrorTest : public TransportTest {
 
 TEST_F(ErrorTest, TheEnvelopesErrorsAreTold) {
   Receive("<GovTalkErrors>" + Error("1001", "first") + Error("2001", "second") + "</GovTalkErrors>", "");
-  EXPECT_EQ(transport_.GatewayErrors(),
-            "first\r\nsecond\r\nEmpty error response from Government Gateway!");
+  EXPECT_EQ(transport_.GatewayErrors(), "first\r\nsecond\r\nEmpty error response from Government Gateway!");
   EXPECT_THAT(events_, testing::Contains("InitialErrorResponseReceived"));
   EXPECT_EQ(events_.back(), String("ErrorResponseReceived ") + kId);
 }
@@ -651,7 +659,8 @@ TEST_F(ErrorTest, AnEmptyAnswerIsSaidToBeEmpty) {
 }
 
 TEST_F(ErrorTest, TheDepartmentsErrorsFollowTheEnvelopes) {
-  Receive("<GovTalkErrors>" + Error("3001", "rejected") + "</GovTalkErrors>", ErrorResponse(Error("7777", "bad NINO")));
+  Receive("<GovTalkErrors>" + Error("3001", "rejected") + "</GovTalkErrors>",
+          ErrorResponse(Error("7777", "bad NINO")));
   EXPECT_EQ(transport_.GatewayErrors(), "rejected\r\nbad NINO");
   EXPECT_EQ(transport_.GatewayErrorsCollection()->Count(), 2);
 }
@@ -675,13 +684,15 @@ TEST_F(ErrorTest, AnotherBodyWithoutErrorsSaysSo) {
 
 TEST_F(ErrorTest, AChildThatIsNoFilledErrorResponseSaysSo) {
   Receive("", "<Wrapper><Other>x</Other><ErrorResponse/></Wrapper>");
-  EXPECT_EQ(transport_.GatewayErrors(),
-            "Error response contains no identifiable errors!\r\nError response contains no identifiable errors!");
+  EXPECT_EQ(
+      transport_.GatewayErrors(),
+      "Error response contains no identifiable errors!\r\nError response contains no identifiable errors!");
 }
 
 TEST_F(ErrorTest, RefusedCredentialsReplaceWhatWasGatheredBefore) {
   for (const char* number : {"1040", "1046"}) {
-    const String text = "Sender ID / Password are incorrect for the Tax District Number and Reference you are submitting.";
+    const String text =
+        "Sender ID / Password are incorrect for the Tax District Number and Reference you are submitting.";
     sent_.clear();
     Receive("<GovTalkErrors>" + Error("1001", "before") + Error(number, "no") + Error("1002", "after") +
                 "</GovTalkErrors>",
@@ -695,19 +706,22 @@ TEST_F(ErrorTest, EmployeesButTheLastAreNamed) {
   const Ref<clsGovTalkMessage> message = Message();
   const Long count = message->SubmissionDocument()->FPS()->EmployeeCount();
   ASSERT_GT(count, 2);
-  const auto at = [](Long index) { return "/GovTalkMessage[1]/Body[1]/x:Employee[" + ToText(index) + "]/NINO"; };
+  const auto at = [](Long index) {
+    return "/GovTalkMessage[1]/Body[1]/x:Employee[" + ToText(index) + "]/NINO";
+  };
   Receive("",
           ErrorResponse(Error("1", "second", at(2)) + Error("2", "last", at(count)) +
                         Error("3", "none", at(count + 1)) + Error("4", "no one", "/Body/Employee[1]")),
           message);
-  EXPECT_EQ(transport_.GatewayErrors(),
-            "M-1042 BRACKENRIDGE OLUWASEUN: second\r\nlast\r\nnone\r\nno one");
+  EXPECT_EQ(transport_.GatewayErrors(), "M-1042 BRACKENRIDGE OLUWASEUN: second\r\nlast\r\nnone\r\nno one");
   EXPECT_EQ(transport_.GatewayErrorsCollection()->Item(1)->Text(), "M-1042 BRACKENRIDGE OLUWASEUN: second");
 }
 
 TEST_F(ErrorTest, AnErrorInAPollFailsTheSubmission) {
   answers_ = {Acknowledgement(),
-              Answer{.qualifier = "error", .body = ErrorResponse("<Application/>"), .errors = "<GovTalkErrors>" + Error("2000", "gone") + "</GovTalkErrors>"}
+              Answer{.qualifier = "error",
+                     .body = ErrorResponse("<Application/>"),
+                     .errors = "<GovTalkErrors>" + Error("2000", "gone") + "</GovTalkErrors>"}
                   .Text()};
   clsSOAPInterface transport;
   Follow(transport);
@@ -723,9 +737,10 @@ TEST_F(TransportTest, FailuresOfTheTransportAreToldByEvents) {
   Follow(transport);
   transport.events.AcknowledgementReceived.connect([](const String&) { ThrowTypeMismatch(); });
   EXPECT_FALSE(transport.Send(Message()));
-  EXPECT_EQ(events_.back(),
-            "CannotSendDocument Error in ZELNOR.dll::clsSOAPInterface::Function EvaluateSubmissionXMLResponse: "
-            "Error 13 - Type mismatch");
+  EXPECT_EQ(
+      events_.back(),
+      "CannotSendDocument Error in ZELNOR.dll::clsSOAPInterface::Function EvaluateSubmissionXMLResponse: "
+      "Error 13 - Type mismatch");
 }
 
 TEST_F(TransportTest, AFormattedFailureIsToldWithItsSource) {

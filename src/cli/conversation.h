@@ -1,0 +1,167 @@
+#pragma once
+
+/// @file
+/// What `send` and `poll` share: which gateway they talk to, the host that follows a conversation on the
+/// terminal, and the account of what happened.
+
+#include "zelnor/cli/command.h"
+#include "zelnor/controller/clsRTIController.h"
+#include "zelnor/platform/host.h"
+#include "zelnor/standin/local_gateway.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace zelnor::cli {
+
+/// Options of every command that talks to a gateway.
+struct GatewayOptions {
+  String gateway;         ///< "local", "hmrc", or empty
+  String submission_url;  ///< both or neither
+  String poll_url;
+  String mode;  ///< a name of RTI_SEND_MODE; empty for Live
+  String user;
+  String password_file;  ///< a file, "-" for standard input
+  bool no_connection_test = false;
+};
+
+/// The password: of the file or standard input that the options name, else of the environment
+/// (`ZELNOR_PASSWORD`), else asked for on the terminal without echo. Empty without a user.
+String PasswordOf(const GatewayOptions& options);
+
+/// The gateway of one run: the local one started inside the program, or another whose addresses stand in the
+/// settings for as long as this object lives.
+class GatewayInUse {
+ public:
+  /// Raises CommandError for options that contradict each other, and for a distant gateway without a mode.
+  explicit GatewayInUse(const GatewayOptions& options);
+  ~GatewayInUse();
+  GatewayInUse(const GatewayInUse&) = delete;
+  GatewayInUse& operator=(const GatewayInUse&) = delete;
+
+  RTI_SEND_MODE Mode() const { return mode_; }
+
+  /// Whether nothing leaves this machine.
+  bool IsLoopback() const { return loopback_; }
+
+  /// What to tell the person about it; empty when there is nothing to tell.
+  String Remark() const { return remark_; }
+
+ private:
+  void SetAddresses(const String& submission_url, const String& poll_url);
+
+  RTI_SEND_MODE mode_;
+  bool loopback_ = false;
+  String remark_;
+  std::vector<std::unique_ptr<KeptSetting>> kept_;
+  std::unique_ptr<standin::LocalGateway> local_;
+};
+
+/// The host of a conversation: a loopback target counts as connected, an interrupt cancels.
+class ConversationHost : public DefaultHost {
+ public:
+  ConversationHost(clsRTIController& controller, bool loopback) : controller_(controller), loopback_(loopback) {}
+  void Yield() override;
+  ConnectionState Connection() override;
+
+  /// Whether the person has interrupted the program.
+  bool Interrupted() const { return interrupted_; }
+
+ private:
+  clsRTIController& controller_;
+  bool loopback_;
+  bool interrupted_ = false;
+};
+
+/// Follows a controller through a conversation: the progress line on a terminal, and the account of it all.
+class Account {
+ public:
+  explicit Account(clsRTIController& controller);
+  Account(const Account&) = delete;
+  Account& operator=(const Account&) = delete;
+  ~Account();
+
+  /// Ends the progress line.
+  void EndProgress();
+
+  /// The account as JSON.
+  Json AsJson(SUBMISSION_RESULT result);
+
+  /// The account for people.
+  String AsText(SUBMISSION_RESULT result);
+
+  /// Names a copy that was asked for, where it has been written.
+  void AddCopy(const String& path);
+
+  /// Whether a provisional answer has come since the last call; and the interval in seconds that it told.
+  bool TakeProvisionalAnswer() { return std::exchange(provisional_, false); }
+  Long ToldInterval() const { return told_interval_; }
+
+ private:
+  void Note(const char* event, Json args) { events_.push_back({{"event", event}, {"args", std::move(args)}}); }
+  void ShowProgress(const String& stage, const String& detail, Long percent);
+  void FollowTransport();
+  std::map<String, std::int64_t> FilesInFolder() const;
+  std::vector<String> NewFiles() const;
+  Json Errors() const;
+  Json Mark() const;
+
+  clsRTIController& controller_;
+  String folder_;
+  std::map<String, std::int64_t> before_;
+  std::vector<String> copies_;
+  Json events_ = Json::array();
+  Json own_errors_ = Json::array();
+  std::pair<String, String> mark_;
+  bool provisional_ = false;
+  Long told_interval_ = 0;
+  std::size_t shown_ = 0;
+  bool on_terminal_;
+};
+
+/// Loads a document for sending or saving: an old mark goes, since the body is written anew.
+void LoadDocument(clsRTIController& controller, const XmlDocument& document);
+
+/// Has the document's employees go compressed or plain; plain where neither is asked for.
+void ChooseForm(clsRTIController& controller, bool compress, bool plain);
+
+/// A date of the command line; zero for an empty text.
+Date TodayOf(const String& text);
+
+/// Options of `zelnor send`.
+struct SendOptions {
+  String file;
+  GatewayOptions gateway;
+  String save_copy;
+  String save_another_copy;
+  String today;
+  bool no_validation = false;
+  bool compress = false;
+  bool plain = false;
+};
+int RunSend(const CommonOptions& options, const SendOptions& send);
+
+/// Options of `zelnor poll`.
+struct PollOptions {
+  String document_class;
+  String correlation_id;
+  GatewayOptions gateway;
+  bool wait = false;
+};
+int RunPoll(const CommonOptions& options, const PollOptions& poll);
+
+/// Options of `zelnor gateway`.
+struct GatewayCommandOptions {
+  int port = 0;
+  std::vector<String> tls;  ///< certificate and key
+  String scenario;
+  String record;
+  String user;
+  String password_file;
+  int interval = 5;
+  int provisional = 1;
+};
+int RunGateway(const CommonOptions& options, const GatewayCommandOptions& command);
+
+}  // namespace zelnor::cli

@@ -1,0 +1,49 @@
+#include "zelnor/cli/conversation.h"
+#include "zelnor/cli/interrupt.h"
+#include "zelnor/gateway/poll_wait.h"
+#include "zelnor/platform/waiting.h"
+
+namespace zelnor::cli {
+namespace {
+
+// Rests that many seconds; an interrupt ends it.
+void Rest(Long seconds, const ConversationHost& host) {
+  const std::int64_t end = CurrentHost()->Tick() + std::int64_t{1000} * seconds;
+  while (CurrentHost()->Tick() < end && !host.Interrupted()) YieldAndRest();
+}
+
+}  // namespace
+
+int RunPoll(const CommonOptions& options, const PollOptions& poll) {
+  if (poll.gateway.gateway != "hmrc" && poll.gateway.submission_url.empty()) {
+    throw CommandError(kWrongUsage,
+                       "Say which gateway has the submission: --submission-url and --poll-url, or --gateway hmrc.");
+  }
+  PrepareHome(options);
+  const String password = PasswordOf(poll.gateway);
+  const GatewayInUse gateway(poll.gateway);
+  const KeptSetting connection_test("DoInternetConnectionTest");
+  clsRTIController rti;
+  if (poll.gateway.no_connection_test) rti.DoInternetConnectionTest(false);
+  const auto host = std::make_shared<ConversationHost>(rti, gateway.IsLoopback());
+  SetHost(host);
+  Account account(rti);
+  // PollSubmission asks again at once while the answer is provisional; a gateway wants to be left in peace.
+  rti.events.ControllerStatus.connect([&](const String&, const String&, Long) {
+    if (account.TakeProvisionalAnswer()) rti.Cancel();
+  });
+  SUBMISSION_RESULT result{};
+  for (Long polls = 1;; ++polls) {
+    result = rti.PollSubmission(poll.document_class, poll.correlation_id, gateway.Mode(), poll.gateway.user, password);
+    if (!poll.wait || result != SUBMISSION_RESULT::Pending || host->Interrupted()) break;
+    Rest(SecondsToPoll(account.ToldInterval(), polls), *host);
+    if (host->Interrupted()) break;
+  }
+  account.EndProgress();
+  Print(options, account.AsJson(result), account.AsText(result));
+  SetHost(nullptr);
+  if (host->Interrupted()) ObeySignal();
+  return StatusOf(result);
+}
+
+}  // namespace zelnor::cli

@@ -1,0 +1,53 @@
+#include "zelnor/cli/conversation.h"
+#include "zelnor/cli/interrupt.h"
+#include "zelnor/documents/clsSubmission.h"
+#include "zelnor/envelope/clsGTMSenderDetails.h"
+#include "zelnor/envelope/clsGovTalkMessage.h"
+
+namespace zelnor::cli {
+namespace {
+
+String NextStep(SUBMISSION_RESULT result, clsRTIController& controller) {
+  if (result != SUBMISSION_RESULT::Pending) return {};
+  return "HMRC has the submission; its answer is still to come. Ask for it by\n  zelnor poll --class " +
+         controller.GetHMRCClass() + " --correlation-id " + controller.CorrelationID() +
+         "\nwith the options that name the gateway.\n";
+}
+
+}  // namespace
+
+int RunSend(const CommonOptions& options, const SendOptions& send) {
+  const Date today = TodayOf(send.today);
+  PrepareHome(options);
+  const String password = PasswordOf(send.gateway);
+  const XmlDocument document = ReadMessage(send.file);
+  const GatewayInUse gateway(send.gateway);
+  if (!gateway.Remark().empty()) Tell(gateway.Remark());
+  const KeptSetting validation_required("ValidationRequired");
+  const KeptSetting connection_test("DoInternetConnectionTest");
+  clsRTIController rti;
+  if (send.no_validation) rti.ValidationRequired(false);
+  if (send.gateway.no_connection_test) rti.DoInternetConnectionTest(false);
+  LoadDocument(rti, document);
+  if (!send.today.empty()) rti.SystemDate(today);
+  rti.SubmissionMode(gateway.Mode());
+  ChooseForm(rti, send.compress, send.plain);
+  if (!send.gateway.user.empty()) {
+    rti.GovTalkMessage()->Header_SenderDetails()->Create(send.gateway.user, "principal", password, "", "clear");
+  }
+  const auto host = std::make_shared<ConversationHost>(rti, gateway.IsLoopback());
+  SetHost(host);
+  Account account(rti);
+  const String copy = AbsolutePath(send.save_copy);
+  const String another_copy = AbsolutePath(send.save_another_copy);
+  const SUBMISSION_RESULT result = rti.SendSubmission(send.gateway.user, password, copy, another_copy);
+  account.EndProgress();
+  account.AddCopy(copy);
+  account.AddCopy(another_copy);
+  Print(options, account.AsJson(result), account.AsText(result) + NextStep(result, rti));
+  SetHost(nullptr);
+  if (host->Interrupted()) ObeySignal();
+  return StatusOf(result);
+}
+
+}  // namespace zelnor::cli
