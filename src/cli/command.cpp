@@ -102,12 +102,7 @@ KeptSetting::KeptSetting(String key) : key_(std::move(key)), value_(alsAppSettin
 
 KeptSetting::~KeptSetting() {
   alsAppSettings settings;
-  if (settings.ReadSetting(key_) == value_) return;
-  if (value_.empty()) {
-    settings.RemoveSetting(key_);
-  } else {
-    settings.SetSetting(key_, value_);
-  }
+  if (settings.ReadSetting(key_) != value_) settings.SetSetting(key_, value_);
 }
 
 }  // namespace zelnor::cli

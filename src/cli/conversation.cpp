@@ -26,13 +26,14 @@
 namespace zelnor::cli {
 namespace {
 
-constexpr std::array<std::pair<const char*, RTI_SEND_MODE>, 7> kModes = {{{"Live", RTI_SEND_MODE::Live},
-                                                                         {"FileOnly", RTI_SEND_MODE::FileOnly},
-                                                                         {"Test", RTI_SEND_MODE::Test},
-                                                                         {"DevLive", RTI_SEND_MODE::DevLive},
-                                                                         {"DevTest", RTI_SEND_MODE::DevTest},
-                                                                         {"DevFileLive", RTI_SEND_MODE::DevFileLive},
-                                                                         {"DevFileTest", RTI_SEND_MODE::DevFileTest}}};
+constexpr std::array<std::pair<const char*, RTI_SEND_MODE>, 7> kModes = {
+    {{"Live", RTI_SEND_MODE::Live},
+     {"FileOnly", RTI_SEND_MODE::FileOnly},
+     {"Test", RTI_SEND_MODE::Test},
+     {"DevLive", RTI_SEND_MODE::DevLive},
+     {"DevTest", RTI_SEND_MODE::DevTest},
+     {"DevFileLive", RTI_SEND_MODE::DevFileLive},
+     {"DevFileTest", RTI_SEND_MODE::DevFileTest}}};
 
 constexpr const char* kProvisional = "Provisional acknowledgement received...";
 
@@ -64,8 +65,9 @@ String FirstLine(std::string text) {
 String AskForPassword() {
   FILE* terminal = std::fopen("/dev/tty", "r+");
   if (terminal == nullptr) {
-    throw CommandError(kWrongUsage,
-                       "No password for --user. Give it by --password-file, or in the environment as ZELNOR_PASSWORD.");
+    throw CommandError(
+        kWrongUsage,
+        "No password for --user. Give it by --password-file, or in the environment as ZELNOR_PASSWORD.");
   }
   std::fputs("Password: ", terminal);
   std::fflush(terminal);
@@ -85,7 +87,7 @@ String AskForPassword() {
 
 Json ErrorOf(const clsGTMGovTalkError& error) {
   const Long employee = error.EmployeeIndex();
-  return {{"number", error.Number()},     {"type", error.ErrorType()},
+  return {{"number", error.Number()},      {"type", error.ErrorType()},
           {"raised_by", error.RaisedBy()}, {"text", error.Text()},
           {"location", error.Location()},  {"employee", employee > 0 ? Json(employee) : Json(nullptr)}};
 }
@@ -94,7 +96,8 @@ Json ErrorOf(const clsGTMGovTalkError& error) {
 
 String PasswordOf(const GatewayOptions& options) {
   if (options.user.empty()) {
-    if (!options.password_file.empty()) throw CommandError(kWrongUsage, "--password-file: it needs a --user.");
+    if (!options.password_file.empty())
+      throw CommandError(kWrongUsage, "--password-file: it needs a --user.");
     return {};
   }
   if (options.password_file == "-") {
@@ -106,7 +109,8 @@ String PasswordOf(const GatewayOptions& options) {
     try {
       return FirstLine(ReadFile(AbsolutePath(options.password_file)));
     } catch (const RuntimeError& error) {
-      throw CommandError(kWrongUsage, "--password-file: " + options.password_file + ": " + error.Description() + ".");
+      throw CommandError(kWrongUsage,
+                         "--password-file: " + options.password_file + ": " + error.Description() + ".");
     }
   }
   if (const char* password = std::getenv("ZELNOR_PASSWORD")) return password;
@@ -153,10 +157,11 @@ GatewayInUse::GatewayInUse(const GatewayOptions& options) : mode_(ModeOf(options
 GatewayInUse::~GatewayInUse() = default;
 
 void GatewayInUse::SetAddresses(const String& submission_url, const String& poll_url) {
-  const std::array<std::pair<const char*, const String&>, 4> settings = {{{"GovGatewayURL_Live", submission_url},
-                                                                          {"GovGatewayURL_Test", submission_url},
-                                                                          {"GovGatewayPollURL_Live", poll_url},
-                                                                          {"GovGatewayPollURL_Test", poll_url}}};
+  const std::array<std::pair<const char*, const String&>, 4> settings = {
+      {{"GovGatewayURL_Live", submission_url},
+       {"GovGatewayURL_Test", submission_url},
+       {"GovGatewayPollURL_Live", poll_url},
+       {"GovGatewayPollURL_Test", poll_url}}};
   for (const auto& [key, url] : settings) {
     kept_.push_back(std::make_unique<KeptSetting>(key));
     alsAppSettings().SetSetting(key, url);
@@ -193,9 +198,11 @@ Account::Account(clsRTIController& controller)
       [this](const String& id) { Note("SuccessResponseReceivedFromGateway", Json::array({id})); });
   from.ErrorResponseReceivedFromGateway.connect(
       [this](const String& id) { Note("ErrorResponseReceivedFromGateway", Json::array({id})); });
-  from.GatewayConnectionError.connect([this](const String& id) { Note("GatewayConnectionError", Json::array({id})); });
+  from.GatewayConnectionError.connect(
+      [this](const String& id) { Note("GatewayConnectionError", Json::array({id})); });
   from.ValidationFailed.connect([this] { Note("ValidationFailed", Json::array()); });
-  from.CompressionError.connect([this](const String& error) { Note("CompressionError", Json::array({error})); });
+  from.CompressionError.connect(
+      [this](const String& error) { Note("CompressionError", Json::array({error})); });
   FollowTransport();
 }
 
@@ -204,8 +211,9 @@ Account::~Account() { EndProgress(); }
 // What the controller doesn't pass on: the mark in both forms, and the errors of an answer that never came.
 void Account::FollowTransport() {
   clsSOAPInterface::Events& from = controller_.Transport()->events;
-  from.IRmarkGenerated.connect(
-      [this](const String& base64, const String& base32) { mark_ = {base64, base32}; });
+  from.IRmarkGenerated.connect([this](const String& base64, const String& base32) {
+    mark_ = {base64, base32};
+  });
   from.ResponseReceived.connect([this](const Ref<clsGovTalkMessage>& response) {
     told_interval_ = response->Header_MessageDetails()->ResponsePollInterval();
     own_errors_ = Json::array();

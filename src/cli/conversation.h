@@ -61,7 +61,8 @@ class GatewayInUse {
 /// The host of a conversation: a loopback target counts as connected, an interrupt cancels.
 class ConversationHost : public DefaultHost {
  public:
-  ConversationHost(clsRTIController& controller, bool loopback) : controller_(controller), loopback_(loopback) {}
+  ConversationHost(clsRTIController& controller, bool loopback)
+      : controller_(controller), loopback_(loopback) {}
   void Yield() override;
   ConnectionState Connection() override;
 
@@ -99,7 +100,9 @@ class Account {
   Long ToldInterval() const { return told_interval_; }
 
  private:
-  void Note(const char* event, Json args) { events_.push_back({{"event", event}, {"args", std::move(args)}}); }
+  void Note(const char* event, Json args) {
+    events_.push_back({{"event", event}, {"args", std::move(args)}});
+  }
   void ShowProgress(const String& stage, const String& detail, Long percent);
   void FollowTransport();
   std::map<String, std::int64_t> FilesInFolder() const;

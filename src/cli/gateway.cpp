@@ -48,7 +48,8 @@ int RunGateway(const CommonOptions& options, const GatewayCommandOptions& comman
   }
   {
     const std::lock_guard lock(printing);
-    Print(options, {{"url", local.url()}, {"port", local.port()}}, "Local gateway listening on " + local.url() + "\n");
+    Print(options, {{"url", local.url()}, {"port", local.port()}},
+          "Local gateway listening on " + local.url() + "\n");
   }
   constexpr std::int64_t kGlance = 50;
   while (CaughtSignal() == 0) CurrentHost()->Sleep(kGlance);

@@ -16,8 +16,9 @@ void Rest(Long seconds, const ConversationHost& host) {
 
 int RunPoll(const CommonOptions& options, const PollOptions& poll) {
   if (poll.gateway.gateway != "hmrc" && poll.gateway.submission_url.empty()) {
-    throw CommandError(kWrongUsage,
-                       "Say which gateway has the submission: --submission-url and --poll-url, or --gateway hmrc.");
+    throw CommandError(
+        kWrongUsage,
+        "Say which gateway has the submission: --submission-url and --poll-url, or --gateway hmrc.");
   }
   PrepareHome(options);
   const String password = PasswordOf(poll.gateway);
@@ -34,7 +35,8 @@ int RunPoll(const CommonOptions& options, const PollOptions& poll) {
   });
   SUBMISSION_RESULT result{};
   for (Long polls = 1;; ++polls) {
-    result = rti.PollSubmission(poll.document_class, poll.correlation_id, gateway.Mode(), poll.gateway.user, password);
+    result = rti.PollSubmission(poll.document_class, poll.correlation_id, gateway.Mode(), poll.gateway.user,
+                                password);
     if (!poll.wait || result != SUBMISSION_RESULT::Pending || host->Interrupted()) break;
     Rest(SecondsToPoll(account.ToldInterval(), polls), *host);
     if (host->Interrupted()) break;

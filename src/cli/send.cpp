@@ -33,7 +33,8 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   rti.SubmissionMode(gateway.Mode());
   ChooseForm(rti, send.compress, send.plain);
   if (!send.gateway.user.empty()) {
-    rti.GovTalkMessage()->Header_SenderDetails()->Create(send.gateway.user, "principal", password, "", "clear");
+    rti.GovTalkMessage()->Header_SenderDetails()->Create(send.gateway.user, "principal", password, "",
+                                                         "clear");
   }
   const auto host = std::make_shared<ConversationHost>(rti, gateway.IsLoopback());
   SetHost(host);

@@ -40,6 +40,7 @@ struct Exchange {
   Clock::time_point last_byte = Clock::now();
   curl_off_t sent = 0;
   bool connected = false;
+  bool header_ended = false;
   bool stalled = false;
 };
 
@@ -56,8 +57,12 @@ std::size_t OnBody(char* bytes, std::size_t size, std::size_t count, void* conte
   return length;
 }
 
-std::size_t OnHeader(char* /*bytes*/, std::size_t size, std::size_t count, void* context) {
-  static_cast<Exchange*>(context)->last_byte = Clock::now();
+// Called for each line of the header, the empty one at its end among them.
+std::size_t OnHeader(char* bytes, std::size_t size, std::size_t count, void* context) {
+  auto& exchange = *static_cast<Exchange*>(context);
+  exchange.last_byte = Clock::now();
+  const std::string_view line(bytes, size * count);
+  exchange.header_ended = line == "\r\n" || line == "\n";
   return size * count;
 }
 
@@ -130,6 +135,8 @@ RuntimeError ErrorOf(CURL* curl, CURLcode code, const Exchange& exchange, std::s
     case CURLE_SSL_PINNEDPUBKEYNOTMATCH:
       return error(kHttpRefusedCertificate,
                    "The security certificate or TLS of " + host + " was refused: " + cause + ".");
+    case CURLE_OK:
+      return error(kHttpNoConnection, "The connection to " + host + " broke off in the answer's header.");
     default:
       break;
   }
@@ -223,7 +230,9 @@ HttpAnswer ExchangeHttp(const HttpMessage& message) {
   const CURLcode code = curl_easy_perform(curl);
   // An answer that can't be unpacked is an answer without a document.
   if (code == CURLE_BAD_CONTENT_ENCODING) exchange.answer.body = {};
-  const bool answered = code == CURLE_OK || code == CURLE_BAD_CONTENT_ENCODING || exchange.answer.too_long;
+  // libcurl takes a header that breaks off for a whole one.
+  const bool whole = code == CURLE_OK && exchange.header_ended;
+  const bool answered = whole || code == CURLE_BAD_CONTENT_ENCODING || exchange.answer.too_long;
   if (!answered) throw ErrorOf(curl, code, exchange, detail.data());
   long status = 0;
   curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);

@@ -21,8 +21,9 @@ constexpr const char* kErrorResponse = "http://www.govtalk.gov.uk/CM/errorrespon
 constexpr const char* kSuccessResponse = "http://www.inlandrevenue.gov.uk/SuccessResponse";
 constexpr const char* kSignature = "http://www.w3.org/2000/09/xmldsig#";
 
-constexpr std::array<std::string_view, 6> kClasses = {"HMRC-PAYE-RTI-FPS", "HMRC-PAYE-RTI-EPS", "HMRC-PAYE-RTI-EAS",
-                                                      "HMRC-PAYE-RTI-EYU", "HMRC-PAYE-RTI-NVR", "HMRC-PAYE-RTI-POC"};
+constexpr std::array<std::string_view, 6> kClasses = {"HMRC-PAYE-RTI-FPS", "HMRC-PAYE-RTI-EPS",
+                                                      "HMRC-PAYE-RTI-EAS", "HMRC-PAYE-RTI-EYU",
+                                                      "HMRC-PAYE-RTI-NVR", "HMRC-PAYE-RTI-POC"};
 
 std::string Escaped(const std::string& text) {
   std::string escaped;
@@ -63,7 +64,9 @@ std::string NewCorrelationId() {
 }
 
 // A class as it is known here: a test's "-TIL" makes no difference.
-std::string KnownClass(const std::string& name) { return name.ends_with("-TIL") ? name.substr(0, name.size() - 4) : name; }
+std::string KnownClass(const std::string& name) {
+  return name.ends_with("-TIL") ? name.substr(0, name.size() - 4) : name;
+}
 
 XmlNode Below(const XmlNode& node, std::initializer_list<std::string_view> names) {
   XmlNode at = node;
@@ -214,11 +217,13 @@ Engine::Reply Engine::ProperPoll(const Request& request) {
     reply.body = Envelope(request, "response", "submit", nullptr, "", Receipt(submission));
   } else {
     reply.answer = "error: " + std::to_string(submission.problems.size()) + " from the department";
-    const Problem rejected{.number = "3001",
-                           .type = "business",
-                           .text = "The submission of this document has failed due to departmental specific business "
-                                   "logic in the Body tag.",
-                           .raised_by = "Department"};
+    const Problem rejected{
+        .number = "3001",
+        .type = "business",
+        .text =
+            "The submission of this document has failed due to departmental specific business "
+            "logic in the Body tag.",
+        .raised_by = "Department"};
     reply.body = Envelope(request, "error", "submit", nullptr,
                           "<GovTalkErrors>" + rejected.AsElement() + "</GovTalkErrors>",
                           ErrorResponse(submission.problems));
@@ -233,7 +238,8 @@ Engine::Reply Engine::ProperDelete(const Request& request) {
 
 std::optional<Engine::Problem> Engine::ProblemOf(const Request& request) const {
   if (!request.root) {
-    return Problem{.number = "1001", .text = "The message is not well formed: " + request.document.ParseError().reason};
+    return Problem{.number = "1001",
+                   .text = "The message is not well formed: " + request.document.ParseError().reason};
   }
   if (request.root.BaseName() != "GovTalkMessage" || request.root.NamespaceURI() != kEnvelope) {
     return Problem{.number = "1001", .text = "The message is no GovTalk message."};
@@ -262,7 +268,8 @@ std::optional<Engine::Problem> Engine::ProblemOfSubmission(const Request& reques
     return Problem{.number = "1040", .text = "The authentication method and its value are inconsistent."};
   }
   if (!options_.user.empty() && (sender != options_.user || value != options_.password)) {
-    return Problem{.number = "1046", .text = "Authentication failure: the supplied user credentials failed validation."};
+    return Problem{.number = "1046",
+                   .text = "Authentication failure: the supplied user credentials failed validation."};
   }
   if (!request.body) return Problem{.number = "1042", .text = "The Body is empty."};
   return std::nullopt;
@@ -286,8 +293,8 @@ std::optional<Engine::Problem> Engine::ProblemOfConversation(const Request& requ
 std::vector<Engine::Problem> Engine::ProblemsOfBody(const Request& request) const {
   std::vector<Problem> problems;
   const auto add = [&](const std::string& number, const std::string& text, const std::string& location) {
-    problems.push_back({.number = number, .type = "business", .text = text, .location = location,
-                        .raised_by = "ChRIS"});
+    problems.push_back(
+        {.number = number, .type = "business", .text = text, .location = location, .raised_by = "ChRIS"});
   };
   const XmlNode mark = Below(request.body, {"IRheader", "IRmark"});
   const std::string header = "/hd:GovTalkMessage[1]/hd:Body[1]/rti:IRenvelope[1]/rti:IRheader[1]";
@@ -306,7 +313,8 @@ std::vector<Engine::Problem> Engine::ProblemsOfBody(const Request& request) cons
   return problems;
 }
 
-std::optional<Engine::Problem> Engine::SchemaProblem(const XmlDocument& document, const std::string& ns) const {
+std::optional<Engine::Problem> Engine::SchemaProblem(const XmlDocument& document,
+                                                     const std::string& ns) const {
   const std::shared_ptr<const XmlSchemaCollection> schemas = SchemasFor(ns);
   if (!schemas) return std::nullopt;
   document.Schemas(schemas);
@@ -337,8 +345,9 @@ std::shared_ptr<const XmlSchemaCollection> Engine::SchemasFor(const std::string&
   return schemas_[ns] = covered ? collection : nullptr;
 }
 
-std::string Engine::Envelope(const Request& request, const std::string& qualifier, const std::string& function,
-                             const Action* action, const std::string& errors, const std::string& body) const {
+std::string Engine::Envelope(const Request& request, const std::string& qualifier,
+                             const std::string& function, const Action* action, const std::string& errors,
+                             const std::string& body) const {
   const auto option = [&](const char* key, const std::string& otherwise) {
     return action == nullptr ? otherwise : action->Option(key, otherwise);
   };
@@ -347,20 +356,20 @@ std::string Engine::Envelope(const Request& request, const std::string& qualifie
   const std::string end_point = option("endpoint", base_ + "/poll");
   const std::string interval = option("interval", std::to_string(options_.poll_interval));
   const std::string known_class = request.message_class.empty() ? "UndefinedClass" : request.message_class;
-  std::string text = std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<GovTalkMessage xmlns=\"") + kEnvelope +
-                     "\"><EnvelopeVersion>2.0</EnvelopeVersion><Header><MessageDetails>" +
+  std::string text = std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<GovTalkMessage xmlns=\"") +
+                     kEnvelope + "\"><EnvelopeVersion>2.0</EnvelopeVersion><Header><MessageDetails>" +
                      Element("Class", option("class", known_class)) + Element("Qualifier", qualifier) +
                      Element("Function", function);
   if (!request.transaction_id.empty()) text += Element("TransactionID", request.transaction_id);
   text += Element("CorrelationID", id);
   if (end_point != "none") {
-    text += "<ResponseEndPoint" + (interval == "none" ? "" : " PollInterval=\"" + Escaped(interval) + "\"") + ">" +
-            Escaped(end_point) + "</ResponseEndPoint>";
+    text += "<ResponseEndPoint" + (interval == "none" ? "" : " PollInterval=\"" + Escaped(interval) + "\"") +
+            ">" + Escaped(end_point) + "</ResponseEndPoint>";
   }
   return text + "<Transformation>XML</Transformation>" +
          Element("GatewayTimestamp", LocalTime("%Y-%m-%dT%H:%M:%S")) +
-         "</MessageDetails><SenderDetails/></Header><GovTalkDetails><Keys/>" + errors + "</GovTalkDetails><Body>" +
-         body + "</Body></GovTalkMessage>";
+         "</MessageDetails><SenderDetails/></Header><GovTalkDetails><Keys/>" + errors +
+         "</GovTalkDetails><Body>" + body + "</Body></GovTalkMessage>";
 }
 
 std::string Engine::Receipt(const Submission& submission) const {
@@ -382,8 +391,8 @@ std::string Engine::Receipt(const Submission& submission) const {
 
 std::string Engine::ErrorResponse(const std::vector<Problem>& problems) const {
   std::string text = std::string("<ErrorResponse xmlns=\"") + kErrorResponse +
-                     "\" SchemaVersion=\"2.0\"><Application><MessageCount>" + std::to_string(problems.size()) +
-                     "</MessageCount></Application>";
+                     "\" SchemaVersion=\"2.0\"><Application><MessageCount>" +
+                     std::to_string(problems.size()) + "</MessageCount></Application>";
   for (const Problem& problem : problems) text += problem.AsElement();
   return text + "</ErrorResponse>";
 }
@@ -392,7 +401,8 @@ std::string Engine::ErrorResponse(const std::vector<Problem>& problems) const {
 Engine::Reply Engine::Told(const Request& request, const Action& action) {
   const auto reply = [&](const std::string& qualifier, const std::string& function, const std::string& errors,
                          const std::string& body) {
-    return Reply{.answer = "told: " + action.name, .body = Envelope(request, qualifier, function, &action, errors, body)};
+    return Reply{.answer = "told: " + action.name,
+                 .body = Envelope(request, qualifier, function, &action, errors, body)};
   };
   if (action.Is("acknowledgement")) {
     if (request.Kind() == "submission") return ProperAcknowledgement(request, &action);
@@ -415,7 +425,9 @@ Engine::Reply Engine::Told(const Request& request, const Action& action) {
       messages += "<Message code=\"" + Escaped(part.substr(0, colon)) + "\">" +
                   Escaped(colon == std::string::npos ? "" : part.substr(colon + 1)) + "</Message>";
     }
-    return reply("response", "submit", "", std::string("<SuccessResponse xmlns=\"") + kSuccessResponse + "\">" + messages + "</SuccessResponse>");
+    return reply("response", "submit", "",
+                 std::string("<SuccessResponse xmlns=\"") + kSuccessResponse + "\">" + messages +
+                     "</SuccessResponse>");
   }
   if (action.Is("response-other")) return reply("response", action.Option("function", "list"), "", "");
   if (action.Is("deleted")) return reply("response", "delete", "", "");
@@ -438,7 +450,9 @@ Engine::Reply Engine::Told(const Request& request, const Action& action) {
       std::getline(parts, problem.location, '|');
       problems.push_back(problem);
     }
-    const Problem rejected{.number = "3001", .type = "business", .text = action.Option("text", "Rejected."),
+    const Problem rejected{.number = "3001",
+                           .type = "business",
+                           .text = action.Option("text", "Rejected."),
                            .raised_by = "Department"};
     return reply("error", "submit", "<GovTalkErrors>" + rejected.AsElement() + "</GovTalkErrors>",
                  ErrorResponse(problems));
@@ -446,7 +460,8 @@ Engine::Reply Engine::Told(const Request& request, const Action& action) {
   if (action.Is("error-body")) return reply("error", "submit", "", action.Option("xml"));
   if (action.Is("error-noerrors")) return reply("error", "submit", "", "");
   if (action.Is("qualifier")) {
-    return reply(action.Option("value", "request"), action.Option("function", "submit"), "", action.Option("xml"));
+    return reply(action.Option("value", "request"), action.Option("function", "submit"), "",
+                 action.Option("xml"));
   }
   return Proper(request);
 }

@@ -13,7 +13,6 @@
 #include <stdexcept>
 #include <thread>
 #include <unistd.h>
-
 #include <zlib.h>
 
 namespace zelnor::standin {
@@ -42,7 +41,8 @@ std::string Encoded(const std::string& text, const std::string& how) {
   const std::size_t at = text.find(kDeclared);
   const auto declared = [&](const char* name) {
     std::string other = text;
-    if (at != std::string::npos) other.replace(at, kDeclared.size(), std::string("encoding=\"") + name + "\"");
+    if (at != std::string::npos)
+      other.replace(at, kDeclared.size(), std::string("encoding=\"") + name + "\"");
     return other;
   };
   if (how == "utf-16") {
@@ -77,7 +77,8 @@ class LocalGateway::Server : public httplib::Server {
                                " can't be listened on. Perhaps another program has it; 0 picks a free one.");
     }
     engine_ = std::make_unique<Engine>(options_, Url());
-    Post(".*", [this](const httplib::Request& request, httplib::Response& response) { Serve(request, response); });
+    Post(".*",
+         [this](const httplib::Request& request, httplib::Response& response) { Serve(request, response); });
     listening_ = std::thread([this] { listen_after_bind(); });
     while (!is_running()) std::this_thread::yield();
   }
@@ -175,7 +176,8 @@ class LocalGateway::Server : public httplib::Server {
       response.status = std::atoi(argument.c_str());
       const bool with_message = action.arguments.size() > 1 && action.arguments[1] == "xml";
       if (!with_message) body = action.Option("body");
-      if (const std::string place = action.Option("location"); !place.empty()) response.set_header("Location", place);
+      if (const std::string place = action.Option("location"); !place.empty())
+        response.set_header("Location", place);
     } else if (action.Is("unauthorized")) {
       if (request.has_header("Authorization")) return;
       response.status = 401;
@@ -187,7 +189,8 @@ class LocalGateway::Server : public httplib::Server {
       body = argument;
       response.set_header("Content-Type", "text/plain");
     } else if (action.Is("cut")) {
-      body.resize(std::min(body.size(), static_cast<std::size_t>(std::atoi(action.Option("bytes", "200").c_str()))));
+      body.resize(
+          std::min(body.size(), static_cast<std::size_t>(std::atoi(action.Option("bytes", "200").c_str()))));
     } else if (action.Is("other-document")) {
       body = "<html><body>Down for maintenance</body></html>";
     } else if (action.Is("encoding")) {
@@ -237,11 +240,13 @@ class LocalGateway::Server : public httplib::Server {
   void ReadCertificate() {
     context_.reset(SSL_CTX_new(TLS_server_method()));
     SSL_CTX_set_min_proto_version(context_.get(), TLS1_2_VERSION);
-    const bool good = SSL_CTX_use_certificate_chain_file(context_.get(), options_.certificate.c_str()) == 1 &&
-                      SSL_CTX_use_PrivateKey_file(context_.get(), options_.key.c_str(), SSL_FILETYPE_PEM) == 1;
+    const bool good =
+        SSL_CTX_use_certificate_chain_file(context_.get(), options_.certificate.c_str()) == 1 &&
+        SSL_CTX_use_PrivateKey_file(context_.get(), options_.key.c_str(), SSL_FILETYPE_PEM) == 1;
     if (!good) {
       throw std::runtime_error("The certificate " + Quoted(options_.certificate) + " with the key " +
-                               Quoted(options_.key) + " doesn't serve. Give two PEM files that belong together.");
+                               Quoted(options_.key) +
+                               " doesn't serve. Give two PEM files that belong together.");
     }
   }
 

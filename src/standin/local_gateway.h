@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// A Transaction Engine on this machine, for development and tests: a real HTTP server on loopback that speaks
-/// the document submission protocol, checks what it gets, and can be told to misbehave.
+/// A Transaction Engine on this machine, for development and tests: a real HTTP server on loopback that
+/// speaks the document submission protocol, checks what it gets, and can be told to misbehave.
 ///
 /// @code
 /// zelnor::standin::LocalGateway gateway({.provisional = 2});
@@ -20,16 +20,16 @@ namespace zelnor::standin {
 
 /// How a gateway is set up.
 struct GatewayOptions {
-  int port = 0;                ///< 0 picks a free one
-  std::string certificate;     ///< PEM files of certificate and key: both or neither; with them it speaks https
+  int port = 0;             ///< 0 picks a free one
+  std::string certificate;  ///< PEM files of certificate and key: both or neither; with them it speaks https
   std::string key;
-  std::string scenario;        ///< the text of a scenario; empty for the proper behaviour
-  std::string record_folder;   ///< a folder for each exchange's request and answer; empty for none
-  std::string user;            ///< whose credentials pass; empty for anybody's
+  std::string scenario;       ///< the text of a scenario; empty for the proper behaviour
+  std::string record_folder;  ///< a folder for each exchange's request and answer; empty for none
+  std::string user;           ///< whose credentials pass; empty for anybody's
   std::string password;
-  int poll_interval = 5;       ///< seconds, told to the client
-  int provisional = 1;         ///< polls that are answered provisionally before the final answer
-  std::string schema_folder;   ///< the schemas of envelope and documents; empty for no checks against them
+  int poll_interval = 5;      ///< seconds, told to the client
+  int provisional = 1;        ///< polls that are answered provisionally before the final answer
+  std::string schema_folder;  ///< the schemas of envelope and documents; empty for no checks against them
   std::function<void(const std::string& line)> log;  ///< takes a line for each exchange; may be empty
 };
 
@@ -38,9 +38,9 @@ struct Exchange {
   std::string path;
   std::string authorization;  ///< of the request's headers
   std::string content_type;
-  std::string request;        ///< the body as received
-  std::string answer;         ///< the body as sent
-  std::string what;           ///< such as "submission request -> acknowledgement"
+  std::string request;  ///< the body as received
+  std::string answer;   ///< the body as sent
+  std::string what;     ///< such as "submission request -> acknowledgement"
 };
 
 /// The gateway. It listens on 127.0.0.1 alone.

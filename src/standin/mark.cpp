@@ -3,14 +3,15 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <openssl/evp.h>
 #include <vector>
 
 #include <libxml/c14n.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
-#include <openssl/evp.h>
 
-// This goes its own way from the message's bytes to the mark, so that a fault in the library's own marks shows.
+// This goes its own way from the message's bytes to the mark, so that a fault in the library's own marks
+// shows.
 
 namespace zelnor::standin {
 namespace {
@@ -22,7 +23,8 @@ bool IsNamed(const xmlNode* node, const char* name) {
 }
 
 xmlNode* Child(xmlNode* parent, const char* name) {
-  for (xmlNode* child = parent == nullptr ? nullptr : parent->children; child != nullptr; child = child->next) {
+  for (xmlNode* child = parent == nullptr ? nullptr : parent->children; child != nullptr;
+       child = child->next) {
     if (IsNamed(child, name)) return child;
   }
   return nullptr;
@@ -30,7 +32,8 @@ xmlNode* Child(xmlNode* parent, const char* name) {
 
 // The namespaces in scope appear on the start tag of a canonical part.
 void DeclareScope(xmlDoc* from, xmlNode* body, xmlNode* copy) {
-  const std::unique_ptr<xmlNs*, void (*)(xmlNs**)> scope(xmlGetNsList(from, body), [](xmlNs** list) { xmlFree(list); });
+  const std::unique_ptr<xmlNs*, void (*)(xmlNs**)> scope(xmlGetNsList(from, body),
+                                                         [](xmlNs** list) { xmlFree(list); });
   for (xmlNs* const* ns = scope.get(); ns != nullptr && *ns != nullptr; ++ns) {
     bool declared = false;
     for (const xmlNs* each = copy->nsDef; each != nullptr; each = each->next) {
@@ -43,9 +46,10 @@ void DeclareScope(xmlDoc* from, xmlNode* body, xmlNode* copy) {
 }  // namespace
 
 std::string MarkOf(const std::string& message) {
-  const Document document(xmlReadMemory(message.data(), static_cast<int>(message.size()), nullptr, nullptr,
-                                        XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_NOERROR | XML_PARSE_NOWARNING),
-                          xmlFreeDoc);
+  const Document document(
+      xmlReadMemory(message.data(), static_cast<int>(message.size()), nullptr, nullptr,
+                    XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_NOERROR | XML_PARSE_NOWARNING),
+      xmlFreeDoc);
   xmlNode* body = document ? Child(xmlDocGetRootElement(document.get()), "Body") : nullptr;
   if (body == nullptr) return {};
   if (xmlNode* mark = Child(Child(Child(body, "IRenvelope"), "IRheader"), "IRmark")) {

@@ -9,11 +9,33 @@
 namespace zelnor::standin {
 namespace {
 
-constexpr std::array<std::string_view, 27> kNames = {
-    "proper",     "acknowledgement", "response", "response-immediate", "response-other", "error",    "business-error",
-    "error-body", "error-noerrors",  "qualifier", "refuse",            "drop",           "stall",    "slow",
-    "status",     "unauthorized",    "empty",     "text",              "cut",            "other-document",
-    "encoding",   "huge",            "gzip",      "file",              "deleted",        "bad-gzip", "no-document"};
+constexpr std::array<std::string_view, 27> kNames = {"proper",
+                                                     "acknowledgement",
+                                                     "response",
+                                                     "response-immediate",
+                                                     "response-other",
+                                                     "error",
+                                                     "business-error",
+                                                     "error-body",
+                                                     "error-noerrors",
+                                                     "qualifier",
+                                                     "refuse",
+                                                     "drop",
+                                                     "stall",
+                                                     "slow",
+                                                     "status",
+                                                     "unauthorized",
+                                                     "empty",
+                                                     "text",
+                                                     "cut",
+                                                     "other-document",
+                                                     "encoding",
+                                                     "huge",
+                                                     "gzip",
+                                                     "file",
+                                                     "deleted",
+                                                     "bad-gzip",
+                                                     "no-document"};
 
 constexpr std::array<std::string_view, 3> kKinds = {"submission", "poll", "delete"};
 

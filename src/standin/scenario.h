@@ -33,8 +33,8 @@ class Scenario {
   /// Reads the text: a line an action, "#" begins a comment. Raises std::runtime_error that names the line.
   explicit Scenario(const std::string& text);
 
-  /// Takes the next action for a request of that kind: the first that is for it or for any. Nothing when there
-  /// is none.
+  /// Takes the next action for a request of that kind: the first that is for it or for any. Nothing when
+  /// there is none.
   std::optional<Action> Take(const std::string& kind);
 
   /// The next action of all, if it has that name; taken then.

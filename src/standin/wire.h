@@ -1,11 +1,10 @@
 #pragma once
 
 #include <atomic>
-#include <memory>
-#include <string>
-
 #include <httplib.h>
+#include <memory>
 #include <openssl/ssl.h>
+#include <string>
 
 namespace zelnor::standin {
 
