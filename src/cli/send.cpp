@@ -33,8 +33,9 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   rti.SubmissionMode(gateway.Mode());
   ChooseForm(rti, send.compress, send.plain);
   if (!send.gateway.user.empty()) {
-    rti.GovTalkMessage()->Header_SenderDetails()->Create(send.gateway.user, "principal", password, "",
-                                                         "clear");
+    auto sender = std::make_shared<clsGTMSenderDetails>();
+    sender->Create(send.gateway.user, "principal", password, "", "clear");
+    rti.GovTalkMessage()->Header_SenderDetails(sender);
   }
   const auto host = std::make_shared<ConversationHost>(rti, gateway.IsLoopback());
   SetHost(host);
