@@ -358,6 +358,7 @@ class ZELNOR_API clsRTIController {
   bool log_this_session_ = true;
   Ref<clsGovTalkMessage> mobjGovTalkMessage;
   Ref<clsSOAPInterface> mobjSOAPInterface;
+  XmlNode logged_root_;  // what the mark's log entry is a copy of, until the send begins
   Subscription message_events_;
 };
 

@@ -54,7 +54,8 @@ void clsRTIController::HoldTransport() {
     Tell("IRmark generated at " + LogMoment(), kPreparing);
     if (!log_this_session_) return;
     Required(log_).SetIRMark(base64, base32);
-    log_->AddSubmission(RootOf(mobjGovTalkMessage));
+    logged_root_ = RootOf(mobjGovTalkMessage);
+    log_->AddSubmission(logged_root_);
   });
   from.MessageSent.connect([this](const Ref<clsGovTalkMessage>& message, const String& url) {
     Tell("Message issued to Government Gateway at " + LogMoment(), kCommunicating);
@@ -70,7 +71,10 @@ void clsRTIController::HoldTransport() {
   });
   from.SendingDocument.connect([this](Long) {
     Tell("Submitting document to Government Gateway at " + LogMoment(), kCommunicating);
-    if (log_this_session_) Required(log_).AddSubmission(RootOf(mobjGovTalkMessage));
+    if (!log_this_session_) return;
+    // The event follows upon the mark: what is logged there need not be copied once more.
+    const XmlNode root = RootOf(mobjGovTalkMessage);
+    if (std::exchange(logged_root_, nullptr) != root) Required(log_).AddSubmission(root);
   });
   from.SendingError.connect(
       [this](const String& reason) { Tell("Error sending document: " + reason, kError); });

@@ -7,6 +7,7 @@
 #include "zelnor/documents/clsSubmission.h"
 #include "zelnor/platform/files.h"
 
+#include "support/child_process.h"
 #include "support/recording_host.h"
 #include "support/temporary_folder.h"
 #include <gmock/gmock.h>
