@@ -16,7 +16,8 @@ namespace {
 
 class clsLogReport : public LogTest {
  protected:
-  /// The bytes of the log's file, and the file gone, so that the next look tells whether it was written again.
+  /// The bytes of the log's file, and the file gone, so that the next look tells whether it was written
+  /// again.
   String TakeFile() {
     const String bytes = File();
     if (!bytes.empty()) DeleteFile(folder_.At(kLogFile));
@@ -33,8 +34,8 @@ TEST_F(clsLogReport, OpenLogSavesAndHasTheHostShowTheFile) {
   log.AddTimingRecord("x");
   log.OpenLog();
   EXPECT_THAT(File(), HasSubstr("<Timing"));
-  EXPECT_THAT(host_->opened,
-              ElementsAre(std::make_pair(String(), folder_.Path() + "\\xml\\logs\\Log_2017_04_05_101112.xml")));
+  EXPECT_THAT(host_->opened, ElementsAre(std::make_pair(
+                                 String(), folder_.Path() + "\\xml\\logs\\Log_2017_04_05_101112.xml")));
   EXPECT_THAT(Boxes(), IsEmpty());
 }
 
@@ -60,7 +61,8 @@ TEST_F(clsLogReport, StylesheetStandsBehindTheDeclaration) {
   EXPECT_EQ(log.Stylesheet(), "");
   log.Stylesheet("C:\\rti\\log.xsl");
   EXPECT_EQ(log.Stylesheet(), "C:\\rti\\log.xsl");
-  EXPECT_THAT(File(), StartsWith(String(kHead) + R"(<?xml-stylesheet type="text/xsl" href="C:\rti\log.xsl"?><Log )"));
+  EXPECT_THAT(File(),
+              StartsWith(String(kHead) + R"(<?xml-stylesheet type="text/xsl" href="C:\rti\log.xsl"?><Log )"));
   EXPECT_TRUE(log.IsSavedToDate());
 }
 
@@ -69,7 +71,8 @@ TEST_F(clsLogReport, AnotherStylesheetTakesItsPlace) {
   log.Stylesheet("one.xsl");
   log.Stylesheet("two.xsl");
   EXPECT_EQ(log.Stylesheet(), "two.xsl");
-  EXPECT_THAT(File(), StartsWith(String(kHead) + R"(<?xml-stylesheet type="text/xsl" href="two.xsl"?><Log )"));
+  EXPECT_THAT(File(),
+              StartsWith(String(kHead) + R"(<?xml-stylesheet type="text/xsl" href="two.xsl"?><Log )"));
 }
 
 TEST_F(clsLogReport, TheSameStylesheetInOtherLettersIsSavedOnce) {
@@ -92,7 +95,8 @@ TEST_F(clsLogReport, AnEmptyStylesheetTakesTheInstructionAwayWithoutSaving) {
   log.Save();
   EXPECT_THAT(TakeFile(), Not(HasSubstr("xml-stylesheet")));
   log.Stylesheet("log.xsl");
-  EXPECT_THAT(File(), HasSubstr("xml-stylesheet")) << "the former value counts only where its instruction stands";
+  EXPECT_THAT(File(), HasSubstr("xml-stylesheet"))
+      << "the former value counts only where its instruction stands";
 }
 
 TEST_F(clsLogReport, AnEmptyStylesheetWithoutInstructionIsNotSaved) {
@@ -127,9 +131,10 @@ TEST_F(clsLogReport, FindingsAreRowsOfATable) {
 
 TEST_F(clsLogReport, FindingsGoToFieldsByPosition) {
   clsLog log;
-  log.AddFileValidationErrors(Root("<E><Error><A>1</A><B>2</B></Error>"
-                                   "<Error><B>3</B></Error>"
-                                   "<Error><A>4</A><B>5</B><InnerExceptions><C>6</C></InnerExceptions></Error></E>"));
+  log.AddFileValidationErrors(
+      Root("<E><Error><A>1</A><B>2</B></Error>"
+           "<Error><B>3</B></Error>"
+           "<Error><A>4</A><B>5</B><InnerExceptions><C>6</C></InnerExceptions></Error></E>"));
   const Ref<Recordset> rows = log.GetAsRecordset();
   rows->MoveNext();
   EXPECT_EQ(rows->Value("A"), "3");
