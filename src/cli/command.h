@@ -94,4 +94,24 @@ struct SaveOptions {
 };
 int RunSave(const CommonOptions& options, const SaveOptions& save);
 
+/// Options of `zelnor report`.
+struct ReportOptions {
+  String log;
+  String out;     ///< empty for standard output
+  String format;  ///< html, text or json; empty for html, or json with --json
+  String sort;    ///< employee, field or severity; empty for the log's own order
+};
+int RunReport(const CommonOptions& options, const ReportOptions& report);
+
+/// Options of `zelnor log`.
+struct LogOptions {
+  String log;  ///< empty for the newest
+  int older_than = 0;
+  bool dry_run = false;
+};
+int RunLogList(const CommonOptions& options);
+int RunLogShow(const CommonOptions& options, const LogOptions& log);
+int RunLogOpen(const CommonOptions& options, const LogOptions& log);
+int RunLogPrune(const CommonOptions& options, const LogOptions& log);
+
 }  // namespace zelnor::cli

@@ -139,6 +139,34 @@ int Run(int argc, char** argv) {
                    "How many polls it answers provisionally before the final answer (1)")
       ->check(CLI::Range(0, 1000));
 
+  ReportOptions report_options;
+  CLI::App* report = app.add_subcommand("report", "Make a page of a processing log that a person can read");
+  report->add_option("LOG", report_options.log, "A log's file, or its name in the log folder")->required();
+  report->add_option("-o,--out", report_options.out, "The file to write; standard output without it")
+      ->type_name("FILE");
+  report->add_option("--format", report_options.format, "html (the default), text or json")
+      ->check(CLI::IsMember({"html", "text", "json"}));
+  report->add_option("--sort", report_options.sort, "Group the errors by employee, field or severity first")
+      ->check(CLI::IsMember({"employee", "field", "severity"}));
+
+  LogOptions log_options;
+  CLI::App* log = app.add_subcommand("log", "The processing logs of the program's folder");
+  log->require_subcommand(1);
+  const char* const which = "A log's file, or its name in the log folder; the newest without it";
+  CLI::App* log_list = log->add_subcommand("list", "List the logs, newest first");
+  CLI::App* log_show = log->add_subcommand("show", "Show a log as text");
+  log_show->add_option("LOG", log_options.log, which);
+  CLI::App* log_open = log->add_subcommand("open", "Show a log as a page in the browser");
+  log_open->add_option("LOG", log_options.log, which);
+  CLI::App* log_prune = log->add_subcommand("prune", "Delete old logs");
+  constexpr int kMostDays = 100 * 366;
+  log_prune
+      ->add_option("--older-than", log_options.older_than, "Delete logs begun more than so many days ago")
+      ->type_name("DAYS")
+      ->required()
+      ->check(CLI::Range(0, kMostDays));
+  log_prune->add_flag("--dry-run", log_options.dry_run, "Only tell what would be deleted");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
@@ -154,6 +182,11 @@ int Run(int argc, char** argv) {
     if (*send) return RunSend(options, send_options);
     if (*poll) return RunPoll(options, poll_options);
     if (*gateway) return RunGateway(options, gateway_options);
+    if (*report) return RunReport(options, report_options);
+    if (*log_list) return RunLogList(options);
+    if (*log_show) return RunLogShow(options, log_options);
+    if (*log_open) return RunLogOpen(options, log_options);
+    if (*log_prune) return RunLogPrune(options, log_options);
     return RunSave(options, save_options);
   } catch (const CommandError& error) {
     return ReportFailure(options, error.what(), error.Status());

@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::string_view kClass = "clsLog";
 constexpr const char* kUnspecified = "Unspecified";
+constexpr const char* kStylesheetTarget = "xml-stylesheet";
 
 String Moment(const char* pattern) { return Format(CurrentHost()->Now(), pattern); }
 
@@ -127,6 +128,13 @@ void clsLog::DontSaveLog(bool value) { dont_save_log_ = value; }
 
 bool clsLog::IsSavedToDate() const { return is_saved_to_date_; }
 
+void clsLog::OpenLog() {
+  Handled(kClass, "Sub OpenLog", [&] {
+    if (!is_saved_to_date_) Save();
+    if (!CurrentHost()->OpenFile({}, log_file_path_)) ThrowFileNotFound();
+  });
+}
+
 String clsLog::LogFilePath() {
   Save();
   return log_file_path_;
@@ -137,6 +145,59 @@ XmlNode clsLog::GetAsXML(const XmlNode& xmlRoot) {
   Handled(kClass, "Get GetAsXML", [&] {
     result = root_;
     if (xmlRoot) AppendCopy(xmlRoot, root_);
+  });
+  return result;
+}
+
+String clsLog::Stylesheet() const { return stylesheet_; }
+
+void clsLog::Stylesheet(const String& value) {
+  Handled(kClass, "Let Stylesheet", [&] {
+    is_saved_to_date_ = false;
+    XmlNode declaration;
+    XmlNode instruction;
+    for (const XmlNode& child : document_.Node().ChildNodes()) {
+      if (child.NodeType() != XmlNodeType::ProcessingInstruction) continue;
+      if (child.NodeName() == "xml") declaration = child;
+      if (child.NodeName() != kStylesheetTarget) continue;
+      if (value.empty()) {
+        document_.RemoveChild(child);
+        return;
+      }
+      instruction = child;
+      break;
+    }
+    if (instruction ? EqualIgnoringCase(stylesheet_, value) : value.empty()) return;
+    if (instruction) {
+      instruction.Attribute("href", value);
+    } else {
+      const XmlNode before = declaration ? declaration.NextSibling() : document_.DocumentElement();
+      document_.Node().InsertBefore(document_.CreateProcessingInstruction(
+                                        kStylesheetTarget, "type=\"text/xsl\" href=\"" + value + "\""),
+                                    before);
+    }
+    stylesheet_ = value;
+    Save();
+  });
+}
+
+Ref<Recordset> clsLog::GetAsRecordset() {
+  Ref<Recordset> result;
+  Handled(kClass, "Get GetAsRecordset", [&] {
+    Recordset rows;
+    if (const XmlNode first = validation_errors_.FirstChild()) {
+      for (const XmlNode& child : first.ChildNodes()) rows.AddField(String(child.BaseName()));
+    }
+    const auto width = static_cast<Long>(rows.Fields().size());
+    for (const XmlNode& error : validation_errors_.ChildNodes()) {
+      rows.AddNew();
+      Long position = 0;
+      for (const XmlNode& child : error.ChildNodes()) {
+        if (position == width) break;
+        rows.ValueAt(position++, child.Text());
+      }
+    }
+    result = rows.ReadOnlyClone();
   });
   return result;
 }

@@ -2,6 +2,7 @@
 
 #include "zelnor/common/alsAppSettings.h"
 #include "zelnor/common/enumerations.h"
+#include "zelnor/common/recordset.h"
 #include "zelnor/platform/xml.h"
 
 namespace zelnor {
@@ -34,6 +35,10 @@ class ZELNOR_API clsLog {
   void DontSaveLog(bool value);
   ///@}
 
+  /// Saves the log unless its file reflects it already, and has the host show the file. Error 53 is reported
+  /// where no viewer could be started.
+  void OpenLog();
+
   /// Whether the file reflects the log; True for a log to which nothing but attributes and periods was
   /// written.
   bool IsSavedToDate() const;
@@ -43,6 +48,20 @@ class ZELNOR_API clsLog {
 
   /// The log's root element. With a node given, a copy is appended to it.
   XmlNode GetAsXML(const XmlNode& xmlRoot = nullptr);
+
+  /// The path or address of the style sheet that shows the log's file in a browser; empty at first. Writing
+  /// puts it into the log's `xml-stylesheet` instruction, and saves the log unless the instruction bears that
+  /// value already, ignoring case. An empty text takes the instruction away without saving; what is read
+  /// stays the last style sheet.
+  ///@{
+  String Stylesheet() const;
+  void Stylesheet(const String& value);
+  ///@}
+
+  /// The validators' findings as a read-only table: a row for each, a field for each element of the first.
+  /// Elements beyond those of the first are left out. Without findings a table without fields; no object
+  /// after a failure.
+  Ref<Recordset> GetAsRecordset();
 
   /// Texts that the host's report keeps in the log; writing saves the log.
   ///@{
@@ -154,6 +173,7 @@ class ZELNOR_API clsLog {
   String log_file_path_;
   String log_directory_;
   String prefix_;
+  String stylesheet_;
   RTI_SEND_MODE submission_mode_ = RTI_SEND_MODE::Live;
   eRTISUBMISSIONTYPE submission_type_ = eRTISUBMISSIONTYPE::IsUndefined;
   XmlNode root_;
