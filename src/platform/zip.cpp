@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <zlib.h>
 
 #include <zip.h>
-#include <zlib.h>
 
 namespace zelnor {
 namespace {

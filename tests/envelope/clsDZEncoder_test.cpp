@@ -37,7 +37,8 @@ class DZEncoder : public testing::Test {
 TEST_F(DZEncoder, IsAlwaysInstalled) { EXPECT_TRUE(coder_.IsDLLInstalled()); }
 
 TEST_F(DZEncoder, GivesBackWhatItPacked) {
-  for (const String text : {"a", "<Employee>Zo\xC3\xAB \xE2\x82\xAC \xF0\x9D\x94\x98</Employee>", "two\nlines"}) {
+  for (const String text :
+       {"a", "<Employee>Zo\xC3\xAB \xE2\x82\xAC \xF0\x9D\x94\x98</Employee>", "two\nlines"}) {
     EXPECT_EQ(clsDZEncoder().UncompressAndDecodeData(coder_.CompressAndEncodeData(text)), text);
   }
 }

@@ -127,9 +127,7 @@ TEST(Unzip, RefusesDamagedContent) {
   }
 }
 
-TEST(Unzip, RefusesAnythingBehindAGzip) {
-  EXPECT_NE(RefusalOf(test::ZippedByGzip("text") + "more"), 0);
-}
+TEST(Unzip, RefusesAnythingBehindAGzip) { EXPECT_NE(RefusalOf(test::ZippedByGzip("text") + "more"), 0); }
 
 TEST(Unzip, RefusesAnEncryptedFile) {
   EXPECT_EQ(RefusalOf(ArchiveBy("zip -q -P secret a.zip pay.xml && mv a.zip archive", "text")), 26);

@@ -3,10 +3,12 @@
 /// @file
 /// Archives made and opened by other programs.
 
-#include "support/shell.h"
-#include "support/temporary_folder.h"
+#include "zelnor/envelope/clsBase64.h"
 
 #include <string>
+
+#include "support/shell.h"
+#include "support/temporary_folder.h"
 
 namespace zelnor::test {
 
@@ -26,6 +28,12 @@ inline std::string ZippedByZip(const std::string& bytes) {
 /// What `gzip -9` makes of the bytes.
 inline std::string ZippedByGzip(const std::string& bytes) {
   return ArchiveBy("gzip -9 -c pay.xml >archive", bytes);
+}
+
+/// The element with what `zip` makes of employees.
+inline std::string CompressedPart(const std::string& employees, const std::string& type = "zip") {
+  return "<CompressedPart Type=\"" + type + "\">" + clsBase64().EncodeBytes(ZippedByZip(employees)) +
+         "</CompressedPart>";
 }
 
 /// What an `unzip` with these options writes of an archive, a line end at the end aside.
