@@ -142,12 +142,13 @@ String clsCompressedEmployees::Packed(const XmlNode& section) const {
       place.RemoveChild(employee);
     }
   }
-  return WithoutFailure(clsDZEncoder().PackAndEncode(std::move(text)));
+  return WithoutFailure(clsDZEncoder().PackAndEncode(std::move(text), written_));
 }
 
-void clsCompressedEmployees::WriteInto(const XmlNode& element, const XmlNode& section) const {
+void clsCompressedEmployees::WriteInto(const XmlNode& element, const XmlNode& section) {
+  written_ = Packed(section);
   element.Attribute("Type", "zip");
-  element.Text(Packed(section));
+  element.Text(written_);
 }
 
 XmlNode clsCompressedEmployees::ToXML(const XmlNode& xmlParent) {

@@ -77,6 +77,9 @@ class ZELNOR_API clsCompressedEmployees : public Record {
   /// error -1 with the archiver's text for employees that can't be packed.
   ZELNOR_INTERNAL XmlNode ToXML(const XmlNode& xmlParent);
 
+  /// Takes over what another part has written, to be written once more as long as the employees are the same.
+  ZELNOR_INTERNAL void KeepWritten(const clsCompressedEmployees& other) { written_ = other.written_; }
+
   /// Why the last read or write failed, a text that begins with "Error"; empty after a success.
   ZELNOR_INTERNAL const String& Failure() const { return failure_; }
 
@@ -85,12 +88,13 @@ class ZELNOR_API clsCompressedEmployees : public Record {
   void Reported(std::string_view member, Body&& body);
 
   String Packed(const XmlNode& section) const;
-  void WriteInto(const XmlNode& element, const XmlNode& section) const;
+  void WriteInto(const XmlNode& element, const XmlNode& section);
   XmlNode SectionOf(const XmlDocument& document, const String& strNamespace) const;
 
   CollectionRef<clsEmployee> employees_;
   enmCompressionMode compression_mode_ = enmCompressionMode::Zip;
   String section_name_;  // of the section that the part was read from or written to last
+  String written_;       // the Base64 text that was written last
   String failure_;
 };
 

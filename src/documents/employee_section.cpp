@@ -112,6 +112,7 @@ void EmployeeSection::WriteEmployees(const XmlNode& xmlSection) {
 bool EmployeeSection::WriteCompressed(const XmlNode& xmlSection) {
   const auto part = std::make_shared<clsCompressedEmployees>();
   part->Employees(Employees());
+  if (compressed_part_) part->KeepWritten(*compressed_part_);
   part->ToXML(xmlSection);
   const String failure = part->Failure();
   compressed_part_ = failure.empty() ? part : nullptr;

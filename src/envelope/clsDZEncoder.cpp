@@ -32,11 +32,14 @@ String clsDZEncoder::CompressAndEncodeData(String strXMLIn) {
   return {};
 }
 
-String clsDZEncoder::PackAndEncode(String strXMLIn) {
+String clsDZEncoder::PackAndEncode(String strXMLIn, const String& earlier) {
   try {
     uncompressed_data_ = std::move(strXMLIn);
-    const Date now = CurrentHost()->Now();
-    const std::string packed = Zip(TemporaryName(now, ".xml"), uncompressed_data_, now);
+    std::string packed = clsBase64().DecodeBytes(earlier);
+    if (packed.empty() || !UnzipsTo(packed, uncompressed_data_)) {
+      const Date now = CurrentHost()->Now();
+      packed = Zip(TemporaryName(now, ".xml"), uncompressed_data_, now);
+    }
     compressed_data_ = FromAnsi(packed);
     encoded_data_ = clsBase64().EncodeBytes(packed);
     return encoded_data_;

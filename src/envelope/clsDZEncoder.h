@@ -35,8 +35,10 @@ class ZELNOR_API clsDZEncoder {
   /// missing file among them. The caller deletes the zip.
   String CreateZipFileFromFiles(const std::vector<String>& strFilePaths);
 
-  /// As CompressAndEncodeData, but an empty text is packed as any other.
-  ZELNOR_INTERNAL String PackAndEncode(String strXMLIn);
+  /// As CompressAndEncodeData, but an empty text is packed as any other. `earlier`, a result of this
+  /// function, is given once more when it holds the same text: an archive bears the time at which it was
+  /// made, and a document that is written again must keep its mark.
+  ZELNOR_INTERNAL String PackAndEncode(String strXMLIn, const String& earlier = {});
 
   /// Whether archives can be made and read: always.
   bool IsDLLInstalled() const { return true; }

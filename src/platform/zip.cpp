@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <memory>
 #include <zlib.h>
 
@@ -74,12 +75,30 @@ std::size_t MostUnpacked(std::size_t packed) {
   return std::min(kMaxUnpackedBytes, std::max(kFreelyUnpackedBytes, packed * kMaxUnpackedRatio));
 }
 
-void AppendWithin(std::string& unpacked, std::string_view piece, std::size_t most) {
-  if (piece.size() > most - unpacked.size()) {
-    Refuse(ZIP_ER_INVAL, "The archive unpacks to more than is allowed.");
+// Takes what comes out of an archive.
+struct Sink {
+  // The size that the archive tells, before anything comes; good for a guess.
+  std::function<void(std::size_t size)> expect;
+  std::function<void(std::string_view piece)> take;
+};
+
+// Hands pieces on until they are more than is allowed.
+class Bounded {
+ public:
+  Bounded(const Sink& sink, std::size_t packed) : sink_(sink), left_(MostUnpacked(packed)) {}
+
+  std::size_t Left() const { return left_; }
+
+  void Take(std::string_view piece) {
+    if (piece.size() > left_) Refuse(ZIP_ER_INVAL, "The archive unpacks to more than is allowed.");
+    left_ -= piece.size();
+    sink_.take(piece);
   }
-  unpacked.append(piece);
-}
+
+ private:
+  const Sink& sink_;
+  std::size_t left_;
+};
 
 // ---- packing
 
@@ -145,28 +164,26 @@ zip_uint64_t OnlyFile(zip_t* archive) {
   return found;
 }
 
-std::string FromZip(std::string_view packed) {
+void FromZip(std::string_view packed, const Sink& sink) {
   const Source source = InMemory(packed);
   const Archive archive = Open(source, ZIP_RDONLY);
   const zip_uint64_t index = OnlyFile(archive.get());
-  const std::size_t most = MostUnpacked(packed.size());
-  std::string unpacked;
+  Bounded bounded(sink, packed.size());
   zip_stat_t about;
   zip_stat_init(&about);
   if (zip_stat_index(archive.get(), index, 0, &about) != 0) Throw(zip_get_error(archive.get()));
   if ((about.valid & ZIP_STAT_SIZE) != 0) {
-    if (about.size > most) Refuse(ZIP_ER_INVAL, "The archive unpacks to more than is allowed.");
-    unpacked.reserve(about.size);
+    if (about.size > bounded.Left()) Refuse(ZIP_ER_INVAL, "The archive unpacks to more than is allowed.");
+    sink.expect(about.size);
   }
   const Entry entry(zip_fopen_index(archive.get(), index, 0));
   if (!entry) Throw(zip_get_error(archive.get()));
   std::array<char, kPiece> piece;
   zip_int64_t count = 0;
   while ((count = zip_fread(entry.get(), piece.data(), piece.size())) > 0) {
-    AppendWithin(unpacked, {piece.data(), static_cast<std::size_t>(count)}, most);
+    bounded.Take({piece.data(), static_cast<std::size_t>(count)});
   }
   if (count < 0) Throw(zip_file_get_error(entry.get()));
-  return unpacked;
 }
 
 bool IsGzip(std::string_view packed) { return packed.starts_with("\x1F\x8B"); }
@@ -216,18 +233,22 @@ std::size_t SizeAtEnd(std::string_view packed) {
   return size;
 }
 
-std::string FromGzip(std::string_view packed) {
+void FromGzip(std::string_view packed, const Sink& sink) {
   constexpr std::size_t kShortest = 18;
   if (packed.size() < kShortest) Refuse(ZIP_ER_EOF, "The archive is cut short.");
   if (packed.size() > kMaxUnpackedBytes) Refuse(ZIP_ER_INVAL, "The archive is larger than is allowed.");
-  const std::size_t most = MostUnpacked(packed.size());
-  std::string unpacked;
-  unpacked.reserve(std::min(SizeAtEnd(packed), most));
+  Bounded bounded(sink, packed.size());
+  sink.expect(std::min(SizeAtEnd(packed), bounded.Left()));
   Inflater inflater(packed);
-  for (std::string_view piece = inflater.Next(); !piece.empty(); piece = inflater.Next()) {
-    AppendWithin(unpacked, piece, most);
+  for (std::string_view piece = inflater.Next(); !piece.empty(); piece = inflater.Next()) bounded.Take(piece);
+}
+
+void From(std::string_view packed, const Sink& sink) {
+  if (IsGzip(packed)) {
+    FromGzip(packed, sink);
+  } else {
+    FromZip(packed, sink);
   }
-  return unpacked;
 }
 
 }  // namespace
@@ -245,7 +266,27 @@ std::string Zip(std::string_view name, std::string_view bytes, Date written) {
   return packed;
 }
 
-std::string Unzip(std::string_view packed) { return IsGzip(packed) ? FromGzip(packed) : FromZip(packed); }
+std::string Unzip(std::string_view packed) {
+  std::string unpacked;
+  From(packed, {.expect = [&](std::size_t size) { unpacked.reserve(size); },
+                .take = [&](std::string_view piece) { unpacked.append(piece); }});
+  return unpacked;
+}
+
+bool UnzipsTo(std::string_view packed, std::string_view bytes) {
+  bool same = true;
+  try {
+    From(packed, {.expect = [](std::size_t) {},
+                  .take =
+                      [&](std::string_view piece) {
+                        same = same && bytes.starts_with(piece);
+                        if (same) bytes.remove_prefix(piece.size());
+                      }});
+  } catch (const ZipError&) {
+    return false;
+  }
+  return same && bytes.empty();
+}
 
 void ZipFiles(const std::vector<String>& files, std::string_view archive, Date written) {
   const Source target = InMemory({});

@@ -51,6 +51,10 @@ ZELNOR_API std::string Zip(std::string_view name, std::string_view bytes, Date w
 /// more than kFreelyUnpackedBytes and kMaxUnpackedRatio times its own size (number 18).
 ZELNOR_API std::string Unzip(std::string_view packed);
 
+/// Whether Unzip would give exactly these bytes, found out without holding them a second time. False for what
+/// it refuses.
+ZELNOR_API bool UnzipsTo(std::string_view packed, std::string_view bytes);
+
 /// Packs files into a new archive, over the file of that path where there is one. Entries bear bare file
 /// names, so that two files of the same name are refused (number 10). A file that is missing raises error 53;
 /// writing the archive raises errors as WriteFile.

@@ -2,11 +2,10 @@
 
 #include <cstdio>
 #include <memory>
-#include <stdexcept>
-
 #include <openssl/evp.h>
 #include <openssl/pem.h>
 #include <openssl/x509v3.h>
+#include <stdexcept>
 
 namespace zelnor::test {
 namespace {

@@ -8,7 +8,7 @@ namespace zelnor::test {
 struct CertificateKind {
   std::string host = "127.0.0.1";  ///< the address that it is for
   bool expired = false;
-  bool self_signed = false;        ///< by itself; otherwise by the authority
+  bool self_signed = false;  ///< by itself; otherwise by the authority
 };
 
 /// Makes an authority, and a server's certificate with its key, as PEM files in a folder: authority.pem,

@@ -1,8 +1,8 @@
 // Each script of this folder is a test of its own.
 
-#include "conversations/runner.h"
-
 #include <filesystem>
+
+#include "conversations/runner.h"
 #include <gtest/gtest.h>
 
 namespace zelnor::test {
@@ -21,7 +21,8 @@ std::vector<std::string> Scripts() {
 
 std::string TestName(const testing::TestParamInfo<std::string>& info) {
   std::string name = info.param;
-  std::replace_if(name.begin(), name.end(), [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
   return name;
 }
 

@@ -15,14 +15,15 @@
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
 
-#include "conversations/certificates.h"
-#include "support/scoped_environment.h"
 #include <arpa/inet.h>
 #include <array>
 #include <filesystem>
 #include <sstream>
 #include <sys/socket.h>
 #include <unistd.h>
+
+#include "conversations/certificates.h"
+#include "support/scoped_environment.h"
 
 namespace zelnor::test {
 namespace {
@@ -174,7 +175,8 @@ void Conversation::Run() {
   Open();
   if (script_.Has("poll-only")) {
     id_ = script_.Setting("poll-only");
-    result_ = rti_->PollSubmission(script_.Setting("class", "HMRC-PAYE-RTI-FPS"), id_, ModeOf(script_.Setting("mode", "Live")));
+    result_ = rti_->PollSubmission(script_.Setting("class", "HMRC-PAYE-RTI-FPS"), id_,
+                                   ModeOf(script_.Setting("mode", "Live")));
     return;
   }
   const std::string again = script_.Setting("again");
@@ -197,7 +199,8 @@ void Conversation::Run() {
   if (!saved.Load(log)) throw std::runtime_error("the log can't be read");
   const String id = saved.SelectSingleNode("//CorrelationID").Text();
   Open();
-  result_ = rti_->PollSubmission(script_.Setting("class", "HMRC-PAYE-RTI-FPS"), id, ModeOf(script_.Setting("mode", "Live")));
+  result_ = rti_->PollSubmission(script_.Setting("class", "HMRC-PAYE-RTI-FPS"), id,
+                                 ModeOf(script_.Setting("mode", "Live")));
 }
 
 HttpAnswer Conversation::Exchange(const HttpMessage& message) {
@@ -219,7 +222,8 @@ HttpAnswer Conversation::Exchange(const HttpMessage& message) {
 void Conversation::FollowController() {
   clsRTIController::Events& e = rti_->events;
   e.ControllerStatus.connect([this](const String& stage, const String& detail, Long percent) {
-    if (!detail.starts_with("Waiting to poll")) Note("told " + stage + " / " + detail + " / " + ToText(percent));
+    if (!detail.starts_with("Waiting to poll"))
+      Note("told " + stage + " / " + detail + " / " + ToText(percent));
   });
   const auto one = [this](Event<const String&>& event, const char* name) {
     event.connect([this, name](const String& text) { Note(String("raised ") + name + " " + text); });
@@ -244,9 +248,7 @@ void Conversation::FollowTransport() {
   const auto one = [&](Event<const String&>& event, const char* name) {
     event.connect([=](const String& text) { note(name, text); });
   };
-  const auto none = [&](Event<>& event, const char* name) {
-    event.connect([=] { note(name, {}); });
-  };
+  const auto none = [&](Event<>& event, const char* name) { event.connect([=] { note(name, {}); }); };
   e.SendingDocument.connect([=](Long attempt) { note("SendingDocument", ToText(attempt)); });
   none(e.NoDocumentToSend, "NoDocumentToSend");
   one(e.SendingError, "SendingError");
@@ -266,10 +268,11 @@ void Conversation::FollowTransport() {
   e.ResponseReceived.connect([=](const Ref<clsGovTalkMessage>& response) {
     note("ResponseReceived", response->Header_MessageDetails()->Qualifier());
   });
-  e.SubmissionSuccessful.connect([=, this](const String& id, const String& end_point, const String& interval) {
-    id_ = id;
-    note("SubmissionSuccessful", id + " " + end_point + " " + interval);
-  });
+  e.SubmissionSuccessful.connect(
+      [=, this](const String& id, const String& end_point, const String& interval) {
+        id_ = id;
+        note("SubmissionSuccessful", id + " " + end_point + " " + interval);
+      });
   one(e.AcknowledgementReceived, "AcknowledgementReceived");
   one(e.GatewayConnectionError, "GatewayConnectionError");
   e.ERRORRESPONSE.connect([=](const String& text, const Ref<clsGTMGovTalkError>& error) {
@@ -320,7 +323,8 @@ std::string Conversation::TraceText() const {
   std::string text;
   for (const std::string& line : trace_) text += "  " + line + "\n";
   for (const ShownMessage& message : host_->messages) text += "  box " + message.text + "\n";
-  return text + "  result " + NameOf(result_) + ", files " + FileNames() + "\n  errors " + rti_->GatewayErrors() + "\n";
+  return text + "  result " + NameOf(result_) + ", files " + FileNames() + "\n  errors " +
+         rti_->GatewayErrors() + "\n";
 }
 
 std::string Conversation::FileNames() const {
@@ -374,14 +378,17 @@ std::string Conversation::Failure(const std::string& expectation) {
     }
     return "no such box was shown";
   }
-  if (word == "no-box") return host_->messages.empty() ? "" : "a box was shown: " + host_->messages.front().text;
+  if (word == "no-box")
+    return host_->messages.empty() ? "" : "a box was shown: " + host_->messages.front().text;
   if (word == "file") {
     const std::vector<std::string> words = Words(rest);
     const std::string path = folder_.At(words.at(0));
     if (!PlainFileExists(path)) return "there is no such file";
     const std::string text = Shown(ReadFile(path));
     const std::size_t second = rest.find(' ');
-    return second == std::string::npos || Matches("*" + rest.substr(second + 1) + "*", text) ? "" : "it holds " + text;
+    return second == std::string::npos || Matches("*" + rest.substr(second + 1) + "*", text)
+               ? ""
+               : "it holds " + text;
   }
   if (word == "logged" || word == "log-holds") {
     XmlDocument log;

@@ -3,12 +3,13 @@
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/standin/local_gateway.h"
 
-#include "conversations/script.h"
-#include "support/recording_host.h"
-#include "support/temporary_folder.h"
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "conversations/script.h"
+#include "support/recording_host.h"
+#include "support/temporary_folder.h"
 
 namespace zelnor::test {
 

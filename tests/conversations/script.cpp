@@ -8,7 +8,8 @@ namespace {
 
 std::string Trimmed(const std::string& text) {
   const std::size_t begin = text.find_first_not_of(" \t\r");
-  return begin == std::string::npos ? std::string() : text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
+  return begin == std::string::npos ? std::string()
+                                    : text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
 }
 
 std::pair<std::string, std::string> Split(const std::string& text) {

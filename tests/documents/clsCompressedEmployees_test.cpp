@@ -40,8 +40,9 @@ class CompressedEmployees : public testing::Test {
     EXPECT_FALSE(ReadBase64(base64));
     EXPECT_EQ(part_.EmployeeCount(), 0);
     ASSERT_FALSE(host_->messages.empty());
-    EXPECT_THAT(host_->messages.back().text,
-                StartsWith("Error in ZELNOR.dll::clsCompressedEmployees: Function CreateFromXML: Error " + error));
+    EXPECT_THAT(
+        host_->messages.back().text,
+        StartsWith("Error in ZELNOR.dll::clsCompressedEmployees: Function CreateFromXML: Error " + error));
     EXPECT_THAT(part_.Failure(), StartsWith("Error"));
   }
 
@@ -124,8 +125,8 @@ TEST_F(CompressedEmployees, ReplaceThoseOfAnEarlierRead) {
 TEST_F(CompressedEmployees, ReadZipAndGzipWhateverTheTypeSays) {
   for (const String type : {"zip", "ZIP", "Zip", "gzip", "GZIP", "gZip", "tar", ""}) {
     for (const std::string& archive : {test::ZippedByZip(kTwo), test::ZippedByGzip(kTwo)}) {
-      ASSERT_TRUE(ReadInto(part_, "<CompressedPart Type=\"" + type + "\">" + clsBase64().EncodeBytes(archive) +
-                                      "</CompressedPart>"));
+      ASSERT_TRUE(ReadInto(part_, "<CompressedPart Type=\"" + type + "\">" +
+                                      clsBase64().EncodeBytes(archive) + "</CompressedPart>"));
       EXPECT_EQ(part_.EmployeeCount(), 2) << type;
       EXPECT_EQ(part_.CompressionMode() == enmCompressionMode::GZip, type.size() == 4) << type;
     }
@@ -134,8 +135,8 @@ TEST_F(CompressedEmployees, ReadZipAndGzipWhateverTheTypeSays) {
 
 TEST_F(CompressedEmployees, ReadAnElementWithoutAType) {
   part_.CompressionMode(enmCompressionMode::GZip);
-  ASSERT_TRUE(ReadInto(part_, "<CompressedPart>" + clsBase64().EncodeBytes(test::ZippedByZip(kTwo)) +
-                                  "</CompressedPart>"));
+  ASSERT_TRUE(ReadInto(
+      part_, "<CompressedPart>" + clsBase64().EncodeBytes(test::ZippedByZip(kTwo)) + "</CompressedPart>"));
   EXPECT_EQ(part_.EmployeeCount(), 2);
   EXPECT_EQ(part_.CompressionMode(), enmCompressionMode::Zip);
 }
@@ -189,13 +190,13 @@ TEST_F(CompressedEmployees, RefuseWhatIsNoReadableArchive) {
 }
 
 TEST_F(CompressedEmployees, RefuseABomb) {
-  const std::string bomb = test::ArchiveBy(
-      "head -c 100000000 /dev/zero | gzip -1 >archive", "");
+  const std::string bomb = test::ArchiveBy("head -c 100000000 /dev/zero | gzip -1 >archive", "");
   ExpectRefused(clsBase64().EncodeBytes(bomb), "-1 - Error occurred UnZipping Data");
 }
 
 TEST_F(CompressedEmployees, RefuseAnArchiveOfWhatIsNoXml) {
-  ExpectRefused(clsBase64().EncodeBytes(test::ZippedByZip("<Employee>")), "-1 - Error in the unzipped employees: ");
+  ExpectRefused(clsBase64().EncodeBytes(test::ZippedByZip("<Employee>")),
+                "-1 - Error in the unzipped employees: ");
   ExpectRefused(clsBase64().EncodeBytes(test::ZippedByZip("</Employees><Employees>")),
                 "-1 - Error in the unzipped employees: ");
 }
@@ -238,7 +239,8 @@ TEST_F(CompressedEmployees, PackTheEmployeesOfASectionThatInheritsItsNamespace) 
   part_.AddEmployee(NewEmployee("1"));
   const XmlNode envelope = Root("<IRenvelope xmlns=\"urn:x\"><FullPaymentSubmission/></IRenvelope>");
   const XmlNode written = part_.ToXML(envelope.FindChild("FullPaymentSubmission"));
-  EXPECT_THAT(ByUnzip("-p", clsBase64().DecodeBytes(written.Text())), StartsWith("<Employee xmlns=\"urn:x\">"));
+  EXPECT_THAT(ByUnzip("-p", clsBase64().DecodeBytes(written.Text())),
+              StartsWith("<Employee xmlns=\"urn:x\">"));
 }
 
 TEST_F(CompressedEmployees, PackEmployeesInTheFormOfTheirSection) {
@@ -256,7 +258,8 @@ TEST_F(CompressedEmployees, PackEmployeesInTheFormOfTheirSection) {
 }
 
 TEST_F(CompressedEmployees, PackAnEmptyTextForNoEmployees) {
-  for (const CollectionRef<clsEmployee>& none : {MakeCollection<clsEmployee>(), CollectionRef<clsEmployee>()}) {
+  for (const CollectionRef<clsEmployee>& none :
+       {MakeCollection<clsEmployee>(), CollectionRef<clsEmployee>()}) {
     part_.Employees(none);
     const XmlNode written = part_.ToXML(Root("<FullPaymentSubmission/>"));
     const std::string archive = clsBase64().DecodeBytes(written.Text());
@@ -265,8 +268,9 @@ TEST_F(CompressedEmployees, PackAnEmptyTextForNoEmployees) {
 }
 
 TEST_F(CompressedEmployees, WriteIntoTheElementThere) {
-  const XmlNode section = Root("<FullPaymentSubmission><CompressedPart Type=\"gzip\">AAAA</CompressedPart>"
-                               "</FullPaymentSubmission>");
+  const XmlNode section = Root(
+      "<FullPaymentSubmission><CompressedPart Type=\"gzip\">AAAA</CompressedPart>"
+      "</FullPaymentSubmission>");
   part_.AddEmployee(NewEmployee("1"));
   part_.ToXML(section);
   ASSERT_EQ(test::ChildNames(section).size(), 1U);

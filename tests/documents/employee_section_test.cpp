@@ -200,6 +200,25 @@ TYPED_TEST(EmployeeSections, HoldThePartThatTheyWroteLast) {
   EXPECT_EQ(section.CompressedPart()->Employees(), section.Employees());
 }
 
+TYPED_TEST(EmployeeSections, WriteTheSamePartAgainUntilAnEmployeeChanges) {
+  const WithRecordingHost host;
+  host->now = Date::FromParts(2017, 4, 5);
+  auto& section = this->section_;
+  const Ref<clsEmployee> employee = NewEmployee("1");
+  section.AddEmployee(employee);
+  section.UseCompression(true);
+  const auto written = [&] { return section.ToXML(Root("<Parent/>")).FindChild("CompressedPart").Text(); };
+  const String first = written();
+  host->now = Date::FromParts(2017, 4, 6);
+  EXPECT_EQ(written(), first);
+  employee->EmployeeDetails()->NINO("2");
+  const String second = written();
+  EXPECT_NE(second, first);
+  EXPECT_EQ(test::ByUnzip("-Z -1", clsBase64().DecodeBytes(second)), "06042017.xml");
+  host->now = Date::FromParts(2017, 4, 7);
+  EXPECT_EQ(written(), second);
+}
+
 TYPED_TEST(EmployeeSections, WriteOneFormAtATimeIntoTheElementThere) {
   auto& section = this->section_;
   AddPaid(section);

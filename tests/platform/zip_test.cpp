@@ -177,6 +177,20 @@ TEST(Unzip, RefusesMoreThanAGigabyte) {
   EXPECT_EQ(RefusalOf(packed), 18);
 }
 
+TEST(UnzipsTo, TellsWhetherTheBytesAreTheSame) {
+  for (const std::string& bytes : Contents()) {
+    for (const std::string& packed : {Zip("a", bytes, kMorning), test::ZippedByGzip(bytes)}) {
+      EXPECT_TRUE(UnzipsTo(packed, bytes));
+      EXPECT_FALSE(UnzipsTo(packed, bytes + "a"));
+      EXPECT_FALSE(UnzipsTo(packed, "a" + bytes));
+      if (bytes.empty()) continue;
+      EXPECT_FALSE(UnzipsTo(packed, bytes.substr(1)));
+      EXPECT_FALSE(UnzipsTo(packed, bytes.substr(0, bytes.size() - 1)));
+    }
+  }
+  EXPECT_FALSE(UnzipsTo("no archive", ""));
+}
+
 TEST(ZipFiles, PacksFilesUnderTheirBareNames) {
   const TemporaryFolder folder;
   const String first = folder.Put("one/first.xml", "1st");
