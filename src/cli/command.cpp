@@ -1,6 +1,11 @@
 #include "zelnor/cli/command.h"
 
 #include "zelnor/common/alsAppSettings.h"
+#include "zelnor/documents/clsCompressedEmployees.h"
+#include "zelnor/documents/clsSectionEAS.h"
+#include "zelnor/documents/clsSectionEYU.h"
+#include "zelnor/documents/clsSectionFPS.h"
+#include "zelnor/documents/clsSubmission.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
 
@@ -90,6 +95,17 @@ XmlDocument ReadMessage(const String& path) {
             String(kEnvelopeNamespace) + "\" and without a prefix.");
   }
   return document;
+}
+
+void RequireEmployees(clsSubmission& submission) {
+  Ref<EmployeeSection> section = submission.FPS();
+  if (!section) section = submission.EYU();
+  if (!section) section = submission.EAS();
+  const Ref<clsCompressedEmployees> part = section ? section->CompressedPart() : nullptr;
+  if (!part || part->Failure().empty()) return;
+  throw CommandError(kUnreadableInput,
+                     "The compressed employees can't be read (" + part->Failure() +
+                         ").\nGive the document as it was saved, or one with plain employees.");
 }
 
 void Print(const CommonOptions& options, const Json& json, const String& text) {

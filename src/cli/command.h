@@ -11,6 +11,10 @@
 
 #include <nlohmann/json.hpp>
 
+namespace zelnor {
+class clsSubmission;
+}
+
 namespace zelnor::cli {
 
 using Json = nlohmann::ordered_json;
@@ -62,6 +66,10 @@ String AbsolutePath(const String& path);
 /// Reads a file, or standard input for "-", that holds a GovTalk message. Raises CommandError
 /// (kUnreadableInput) that names file, line and remedy for anything else.
 XmlDocument ReadMessage(const String& path);
+
+/// Raises CommandError (kUnreadableInput) when the submission was read from compressed employees that can't
+/// be read: without them it would pass for one of no employees.
+void RequireEmployees(clsSubmission& submission);
 
 /// Writes the JSON object, or the lines for people, to standard output.
 void Print(const CommonOptions& options, const Json& json, const String& text);

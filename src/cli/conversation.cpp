@@ -307,17 +307,15 @@ void Account::AddCopy(const String& path) {
 
 void LoadDocument(clsRTIController& controller, const XmlDocument& document) {
   controller.ReadXMLDoc(document);
+  RequireEmployees(*controller.Submission());
   // The body is written anew, so an old mark goes; reading the property makes the record that the header's
   // writer needs.
   controller.Submission()->Header()->DocIRMark()->value("");
 }
 
-void ChooseForm(clsRTIController& controller, bool compress, bool /*plain*/) {
-  if (compress) {
-    throw CommandError(kWrongUsage,
-                       "--compress: this version writes employees plain only. Leave the option out.");
-  }
-  controller.OverrideCompression(true);
+void ChooseForm(clsRTIController& controller, bool compress, bool plain) {
+  if (compress) controller.UseCompression(true);
+  controller.OverrideCompression(plain);
 }
 
 Date TodayOf(const String& text) {

@@ -123,10 +123,12 @@ class Account {
   bool on_terminal_;
 };
 
-/// Loads a document for sending or saving: an old mark goes, since the body is written anew.
+/// Loads a document for sending or saving: an old mark goes, since the body is written anew. Raises
+/// CommandError as RequireEmployees does.
 void LoadDocument(clsRTIController& controller, const XmlDocument& document);
 
-/// Has the document's employees go compressed or plain; plain where neither is asked for.
+/// Has the document's employees go compressed or plain; where neither is asked for, in the form in which they
+/// were read, and compressed from the document's limit on.
 void ChooseForm(clsRTIController& controller, bool compress, bool plain);
 
 /// A date of the command line; zero for an empty text.

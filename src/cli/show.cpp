@@ -100,6 +100,7 @@ int RunShow(const CommonOptions& options, const String& file) {
   rti.LogThisSession(false);
   rti.ReadXMLDoc(ReadMessage(file));
   const Ref<clsSubmission> submission = rti.Submission();
+  RequireEmployees(*submission);
   const Facts facts = FactsOf(*submission);
   const Ref<clsSectionIRHeader> header = submission->Header();
   Json json;

@@ -1,15 +1,11 @@
 #include "zelnor/documents/employee_section.h"
 
 #include "zelnor/common/modPublicEnums.h"
+#include "zelnor/documents/clsCompressedEmployees.h"
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsEmployerReferences.h"
 
 namespace zelnor {
-namespace {
-
-constexpr const char* kNoCompression = "Error: compressed employees are not supported by this version.";
-
-}  // namespace
 
 EmployeeSection::EmployeeSection()
     : employer_references_(std::make_shared<clsEmployerReferences>()),
@@ -98,9 +94,10 @@ bool EmployeeSection::ReadCommonChild(const XmlNode& child) {
   return true;
 }
 
-// Refused rather than read as no employees at all.
-void EmployeeSection::ReadCompressedPart(const XmlNode& /*xmlNode*/) {
-  throw RuntimeError(440, "ZELNOR", kNoCompression);
+void EmployeeSection::ReadCompressedPart(const XmlNode& xmlNode) {
+  compressed_part_ = NewFromXML<clsCompressedEmployees>(xmlNode);
+  employees_ = compressed_part_->Employees();
+  use_compression_ = true;
 }
 
 void EmployeeSection::WriteReferences(const XmlNode& xmlSection) { Employer_References()->ToXML(xmlSection); }
@@ -108,7 +105,28 @@ void EmployeeSection::WriteReferences(const XmlNode& xmlSection) { Employer_Refe
 void EmployeeSection::WriteEmployees(const XmlNode& xmlSection) {
   const bool plain =
       (!use_compression_ && EmployeeCount() < auto_compression_limit_) || override_compression_;
-  if (!plain) events.CompressionError(kNoCompression);
+  if (plain || !WriteCompressed(xmlSection)) WritePlain(xmlSection);
+}
+
+// False, with nothing of the part left behind, when the employees can't be packed.
+bool EmployeeSection::WriteCompressed(const XmlNode& xmlSection) {
+  const auto part = std::make_shared<clsCompressedEmployees>();
+  part->Employees(Employees());
+  if (compressed_part_) part->KeepWritten(*compressed_part_);
+  part->ToXML(xmlSection);
+  const String failure = part->Failure();
+  compressed_part_ = failure.empty() ? part : nullptr;
+  if (failure.empty()) {
+    RemoveChildNodes(xmlSection, "Employee");
+    return true;
+  }
+  RemoveChildNodes(xmlSection, "CompressedPart");
+  events.CompressionError(failure);
+  return false;
+}
+
+void EmployeeSection::WritePlain(const XmlNode& xmlSection) {
+  RemoveChildNodes(xmlSection, "CompressedPart");
   RemoveChildNodes(xmlSection, "Employee");
   if (!employees_) return;
   for (const Ref<clsEmployee>& employee : *employees_) Required(employee).ToXML(xmlSection);

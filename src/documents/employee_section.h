@@ -16,7 +16,7 @@ class ZELNOR_API EmployeeSection : public Record {
  public:
   /// The events of a section.
   struct Events {
-    /// Compression failed, for this reason; the employees are written plain.
+    /// Compression failed, for this reason, a text that begins with "Error"; the employees are written plain.
     Event<const String&> CompressionError;
   };
   Events events;
@@ -65,7 +65,8 @@ class ZELNOR_API EmployeeSection : public Record {
   void AutoCompressionLimit(Long value);
   ///@}
 
-  /// The compressed part that was read or written last; no object when there was none.
+  /// The compressed part that was read or written last; no object when there was none, or when the last one
+  /// could not be written.
   Ref<clsCompressedEmployees> CompressedPart() const;
 
  protected:
@@ -100,6 +101,8 @@ class ZELNOR_API EmployeeSection : public Record {
 
  private:
   void ReadCompressedPart(const XmlNode& xmlNode);
+  bool WriteCompressed(const XmlNode& xmlSection);
+  void WritePlain(const XmlNode& xmlSection);
 
   Ref<clsEmployerReferences> employer_references_;
   CollectionRef<clsEmployee> employees_;

@@ -89,6 +89,71 @@ TEST_F(CliTest, SavingDropsAnOldMarkAndMakesItAnew) {
   EXPECT_EQ(folder_.Get("two.xml"), folder_.Get("one.xml"));
 }
 
+TEST_F(CliTest, SavesCompressedAndPlainAgain) {
+  const String packed = folder_.At("packed.xml");
+  const Outcome run = Run("save --json --compress " + Quoted(SamplePath()) + " " + Quoted(packed));
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.err, "");
+  const XmlDocument document;
+  ASSERT_TRUE(document.Load(packed));
+  EXPECT_EQ(document.GetElementsByTagName("CompressedPart").size(), 1U);
+  EXPECT_TRUE(document.GetElementsByTagName("Employee").empty());
+  const Outcome mark = Run("irmark --json " + Quoted(packed));
+  EXPECT_EQ(json::parse(mark.out), json::parse(run.out)["irmark"]);
+  Run("save --plain " + Quoted(packed) + " " + Quoted(folder_.At("plain.xml")));
+  Run("save " + Quoted(SamplePath()) + " " + Quoted(folder_.At("never packed.xml")));
+  EXPECT_EQ(folder_.Get("plain.xml"), folder_.Get("never packed.xml"));
+}
+
+TEST_F(CliTest, SavesInTheFormThatItReadUnlessTold) {
+  const String packed = folder_.At("packed.xml");
+  Run("save --compress " + Quoted(SamplePath()) + " " + Quoted(packed));
+  Run("save " + Quoted(packed) + " " + Quoted(folder_.At("again.xml")));
+  EXPECT_THAT(folder_.Get("again.xml"), HasSubstr("<CompressedPart Type=\"zip\">"));
+  Run("save " + Quoted(SamplePath()) + " " + Quoted(folder_.At("plain.xml")));
+  EXPECT_THAT(folder_.Get("plain.xml"), HasSubstr("<Employee>"));
+}
+
+TEST_F(CliTest, CompressingLeavesDocumentsWithoutEmployeesAlone) {
+  const String file = Input(
+      "<GovTalkMessage xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><Body><IRenvelope><IRheader/>"
+      "<EmployerPaymentSummary><RelatedTaxYear>25-26</RelatedTaxYear></EmployerPaymentSummary></IRenvelope></"
+      "Body>"
+      "</GovTalkMessage>");
+  const Outcome run = Run("save --no-validation --compress " + file + " " + Quoted(folder_.At("eps.xml")));
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(folder_.Get("eps.xml"), HasSubstr("<RelatedTaxYear>25-26</RelatedTaxYear>"));
+}
+
+TEST_F(CliTest, ShowsACompressedDocumentAsItsPlainOne) {
+  const String packed = folder_.At("packed.xml");
+  Run("save --compress " + Quoted(SamplePath()) + " " + Quoted(packed));
+  json shown = json::parse(Run("show --json " + Quoted(packed)).out);
+  json plain = json::parse(Run("show --json " + Quoted(SamplePath())).out);
+  EXPECT_GT(plain["employees"], 0);
+  shown.erase("irmark");
+  plain.erase("irmark");
+  EXPECT_EQ(shown, plain);
+}
+
+TEST_F(CliTest, RefusesCompressedEmployeesThatCanNotBeRead) {
+  const String packed = folder_.At("packed.xml");
+  Run("save --compress " + Quoted(SamplePath()) + " " + Quoted(packed));
+  String text = folder_.Get("packed.xml");
+  const std::size_t at = text.find("<CompressedPart Type=\"zip\">") + 27;
+  ASSERT_LT(at, text.size());
+  text.replace(at + 100, 8, "AAAAAAAA");
+  const String file = Input(text);
+  for (const String& command :
+       {"show " + file, "save --plain " + file + " " + Quoted(folder_.At("out.xml"))}) {
+    const Outcome run = Run(command);
+    EXPECT_EQ(run.status, 3) << command;
+    EXPECT_THAT(run.err, HasSubstr("The compressed employees can't be read (Error occurred UnZipping Data)"));
+    EXPECT_EQ(run.out, "");
+  }
+  EXPECT_EQ(folder_.Get("out.xml"), "");
+}
+
 TEST_F(CliTest, SettingsAreAsTheyWereAfterwards) {
   Run("save " + Quoted(SamplePath()) + " " + Quoted(folder_.At("one.xml")));
   const String before = Settings();

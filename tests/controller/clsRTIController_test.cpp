@@ -1,3 +1,5 @@
+#include "zelnor/documents/clsEmployee.h"
+#include "zelnor/documents/clsEmployeeDetails.h"
 #include "zelnor/documents/clsSectionEPS.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
@@ -6,6 +8,7 @@
 #include "zelnor/envelope/clsGTMMessageDetails.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/envelope/clsIRMark.h"
+#include "zelnor/envelope/clsSHA1.h"
 #include "zelnor/validation/error_record.h"
 
 #include "controller/controller_fixture.h"
@@ -257,6 +260,58 @@ TEST_F(ControllerTest, CompressionMembersAreTheDocuments) {
   EXPECT_EQ(rti.AutoCompressionLimit(), 0);
   ASSERT_EQ(host_->messages.size(), 1U);
   EXPECT_THAT(host_->messages[0].text, HasSubstr("Get AutoCompressionLimit: Error 6 - Overflow"));
+}
+
+TEST_F(ControllerTest, CompressesFromItsDocumentsLimitOn) {
+  clsRTIController rti;
+  rti.ReadXML(Sample());
+  const auto part = [&] {
+    rti.GovTalkMessage()->ForceRebuild();
+    return rti.GovTalkMessage()->Document().GetElementsByTagName("CompressedPart").size();
+  };
+  const Long count = rti.Submission()->FPS()->EmployeeCount();
+  rti.AutoCompressionLimit(static_cast<Integer>(count + 1));
+  EXPECT_EQ(part(), 0U);
+  rti.AutoCompressionLimit(static_cast<Integer>(count));
+  EXPECT_EQ(part(), 1U);
+  rti.OverrideCompression(true);
+  EXPECT_EQ(part(), 0U);
+}
+
+TEST_F(ControllerTest, AMarkHoldsForACompressedDocumentThatIsWrittenAgainLater) {
+  clsRTIController rti;
+  rti.ReadXML(Sample());
+  rti.UseCompression(true);
+  rti.Submission()->Header()->DocIRMark()->value("");
+  rti.GovTalkMessage()->ForceRebuild();
+  clsSHA1 before;
+  before.MarkSubmission(*rti.GovTalkMessage());
+  host_->now = Date::FromParts(2017, 5, 6);
+  rti.GovTalkMessage()->ForceRebuild();
+  clsSHA1 after;
+  after.MarkSubmission(*rti.GovTalkMessage());
+  EXPECT_EQ(rti.GovTalkMessage()->Document().GetElementsByTagName("CompressedPart").size(), 1U);
+  EXPECT_EQ(after.Base64Mark(), before.Base64Mark());
+}
+
+TEST_F(ControllerTest, EmployeesThatCanNotBePackedGoPlainAndTheLogSaysSo) {
+  clsRTIController rti;
+  std::vector<String> raised;
+  rti.events.CompressionError.connect([&](const String& text) { raised.push_back(text); });
+  rti.ReadXML(Sample());
+  rti.Submission()->FPS()->Employees()->Item(1)->EmployeeDetails()->NINO(String(70'000'000, 'a'));
+  rti.UseCompression(true);
+  rti.GovTalkMessage()->ForceRebuild();
+  const XmlDocument document = rti.GovTalkMessage()->Document();
+  EXPECT_TRUE(document.GetElementsByTagName("CompressedPart").empty());
+  EXPECT_EQ(document.GetElementsByTagName("Employee").size(),
+            static_cast<std::size_t>(rti.Submission()->FPS()->EmployeeCount()));
+  const String text = "Error occurred Zipping Data - Dynazip error number = 18";
+  EXPECT_THAT(raised, testing::Each(text));
+  EXPECT_FALSE(raised.empty());
+  const std::vector<String> lines = Lines(rti);
+  EXPECT_THAT(lines, testing::Contains("An error occurred while attempting to compress: " + text));
+  EXPECT_THAT(lines, testing::Contains("The submission will be issued decompressed."));
 }
 
 TEST_F(ControllerTest, ACompressionErrorIsLoggedAndRaised) {

@@ -17,9 +17,11 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 String Answer(const String& qualifier, const String& function, const String& body = {}) {
-  return "<GovTalkMessage xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><Header><MessageDetails><Qualifier>" +
+  return "<GovTalkMessage "
+         "xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><Header><MessageDetails><Qualifier>" +
          qualifier + "</Qualifier><Function>" + function +
-         "</Function><CorrelationID>ABC123</CorrelationID><ResponseEndPoint PollInterval=\"1\">https://x.invalid/p"
+         "</Function><CorrelationID>ABC123</CorrelationID><ResponseEndPoint "
+         "PollInterval=\"1\">https://x.invalid/p"
          "</ResponseEndPoint></MessageDetails></Header><GovTalkDetails/><Body>" +
          body + "</Body></GovTalkMessage>";
 }
@@ -59,9 +61,11 @@ TEST_F(SendingTest, TheLogTellsOfASendLineByLine) {
       Lines(rti),
       ElementsAre(StartsWith("RTI Controller initialised"), "Validation is disabled. Commencing build...",
                   "Submission generation completed in 0 milliseconds", "Initialising...",
-                  StartsWith("IRmark generated at " + at), StartsWith("Submitting document to Government Gateway at " + at),
-                  "Attempting to send... attempt 1 of 3", StartsWith("Message issued to Government Gateway at " + at),
-                  "Processing response...", StartsWith("Response received from Government Gateway at " + at),
+                  StartsWith("IRmark generated at " + at),
+                  StartsWith("Submitting document to Government Gateway at " + at),
+                  "Attempting to send... attempt 1 of 3",
+                  StartsWith("Message issued to Government Gateway at " + at), "Processing response...",
+                  StartsWith("Response received from Government Gateway at " + at),
                   "Acknowledgement received from Government Gateway",
                   StartsWith("Document submission completed successfully at " + at), "Correlation ID: ABC123",
                   "Waiting to poll... 1 seconds.", "Commencing poll...", "Beginning Poll...", "Polling...",
@@ -100,18 +104,22 @@ TEST_F(SendingTest, ControllerStatusTellsStageAndDetail) {
   });
   rti.SendSubmission();
   EXPECT_THAT(told, Contains("Communicating with Government Gateway, please wait... / Initialising..."));
-  EXPECT_THAT(told, Contains("Preparing submission, please wait... / IRmark generated at 05/04/2017 10:11:12"));
+  EXPECT_THAT(told,
+              Contains("Preparing submission, please wait... / IRmark generated at 05/04/2017 10:11:12"));
   EXPECT_THAT(told, Contains("Polling for results, please wait... / Waiting to poll... 1 seconds."));
   EXPECT_THAT(told, Contains("Polling for HMRC response, please wait... / Polling..."));
-  EXPECT_THAT(told, Contains("Processing HMRC response, please wait... / Receipt from Gov Gateway: submission accepted "
-                             "successfully."));
+  EXPECT_THAT(
+      told,
+      Contains("Processing HMRC response, please wait... / Receipt from Gov Gateway: submission accepted "
+               "successfully."));
 }
 
 TEST_F(SendingTest, TheLogIsSavedWithTheIdBeforeThePollsBegin) {
   clsRTIController rti;
   Load(rti);
   String saved;
-  rti.Transport()->events.WaitingToPollTitle.connect([&](Long) { saved = ReadFile(rti.ProcessingLog()->LogFilePath()); });
+  rti.Transport()->events.WaitingToPollTitle.connect(
+      [&](Long) { saved = ReadFile(rti.ProcessingLog()->LogFilePath()); });
   rti.SendSubmission();
   EXPECT_THAT(saved, HasSubstr("ABC123"));
 }
@@ -195,7 +203,8 @@ TEST_F(SendingTest, ACopyThatCannotBeWrittenMakesTheResultUnknown) {
   EXPECT_THAT(host_->messages.back().text,
               HasSubstr("\r\n\r\nAn error occurred while attempting to save the submission to file " + copy));
   EXPECT_THAT(Lines(rti).back(), StartsWith("An error occurred while attempting to send the submission: "));
-  EXPECT_THAT(Lines(rti).back(), HasSubstr(".An error occurred while attempting to save the submission to file"));
+  EXPECT_THAT(Lines(rti).back(),
+              HasSubstr(".An error occurred while attempting to save the submission to file"));
 }
 
 TEST_F(SendingTest, PollSubmissionReplacesTheMessage) {
