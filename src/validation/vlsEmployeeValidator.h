@@ -3,6 +3,9 @@
 #include "zelnor/common/enumerations.h"
 #include "zelnor/validation/validator.h"
 
+#include <string_view>
+#include <utility>
+
 namespace zelnor {
 
 class clsEmployee;
@@ -10,7 +13,8 @@ class clsEmployee;
 /// The rules of the employees. This version has none yet, and finds every employee valid.
 class ZELNOR_API vlsEmployeeValidator : public Validator {
  public:
-  vlsEmployeeValidator() : Validator("EmployeeValidationErrors") {}
+  vlsEmployeeValidator()
+      : Validator({"vlsEmployeeValidator", "EmployeeValidationErrors", "Employee", false}) {}
 
   /// Whether all employees pass. The tax year is empty for documents without one.
   bool ValidateEmployees(const CollectionRef<clsEmployee>& colEmployees, eRTISUBMISSIONTYPE /*eniType*/,
@@ -27,6 +31,18 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
   ///@}
 
  private:
+  /// Runs a rule on a field of an employee, whom its records then name; see Validator::Check.
+  template <class Body>
+  bool CheckOf(const Ref<clsEmployee>& objEmployee, const Rule& rule, std::string_view prefix, Body&& body,
+               bool blnRaiseErrors = true) {
+    concerned_ = objEmployee;
+    return Check(rule, prefix, std::forward<Body>(body), blnRaiseErrors);
+  }
+
+  Ref<ErrorRecord> NewRecord() const override;
+  Concerned ConcernedBy(const ErrorRecord& record) const override;
+
+  Ref<clsEmployee> concerned_;
   Long employees_checked_ = 0;
 };
 

@@ -9,7 +9,7 @@ class clsGovTalkMessage;
 /// The rules of the envelope. This version has none yet, and finds every envelope valid.
 class ZELNOR_API vlsFileValidator : public Validator {
  public:
-  vlsFileValidator() : Validator("FileValidationErrors") {}
+  vlsFileValidator() : Validator({"vlsFileValidator", "FileValidationErrors", "File", false}) {}
 
   /// Whether the envelope passes.
   bool ValidateFile(clsGovTalkMessage& /*objsubmission*/) { return IsValid(); }

@@ -9,7 +9,9 @@ class clsSectionEPS;
 /// The rules of an Employer Payment Summary. This version has none yet, and finds every summary valid.
 class ZELNOR_API vlsPaymentForPeriodValidator : public Validator {
  public:
-  vlsPaymentForPeriodValidator() : Validator("PaymentForPeriodValidationErrors") {}
+  vlsPaymentForPeriodValidator()
+      : Validator({"vlsPaymentForPeriodValidator", "PaymentForPeriodValidationErrors", "Payment For Period",
+                   false}) {}
 
   /// Whether the summary passes.
   bool ValidateEPS(clsSectionEPS& /*objEPS*/) { return IsValid(); }

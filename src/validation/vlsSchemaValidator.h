@@ -8,7 +8,7 @@ namespace zelnor {
 /// envelope valid.
 class ZELNOR_API vlsSchemaValidator : public Validator {
  public:
-  vlsSchemaValidator() : Validator("SchemaValidationErrors") {}
+  vlsSchemaValidator() : Validator({"vlsSchemaValidator", "SchemaValidationErrors", "Schema", false}) {}
 
   /// Whether the document is valid by the schemas of its class.
   bool ValidateSchema(const String& /*strClass*/, const XmlDocument& /*xmlDoc*/,
