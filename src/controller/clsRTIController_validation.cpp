@@ -206,7 +206,7 @@ bool clsRTIController::ValidateCompany(Integer intMaxErrors) {
     const std::int64_t start = LogTick();
     Log("Commencing Company Validation");
     if (cancel_requested_) return Log(kCancelled);
-    result = company_validator_->ValidateCompany(Required(Submission()));
+    result = company_validator_->ValidateCompany(Submission());
     if (result) {
       Log("Company Validation successful.");
     } else if (log_this_session_) {

@@ -23,7 +23,7 @@ class Pattern {
   Pattern& operator=(const Pattern&) = delete;
 
   /// Whether the pattern matches anywhere in the text. Raises error 5 for a pattern that is none.
-  bool Test(std::string_view text, bool ignore_case) const {
+  bool Test(std::string_view text, bool ignore_case = false) const {
     Compiled& compiled = compiled_[ignore_case ? 1 : 0];
     std::call_once(compiled.once, [&] { compiled.regex.emplace(text_, ignore_case); });
     return compiled.regex->Test(text);

@@ -6,16 +6,17 @@
 
 namespace zelnor {
 
-void Finding::Fail(std::string_view code, std::string_view title, std::string_view description) {
-  Fail(code, title, description, rule_.status);
+bool Finding::Fail(std::string_view code, std::string_view title, std::string_view description) {
+  return Fail(code, title, description, rule_.status);
 }
 
-void Finding::Fail(std::string_view code, std::string_view title, std::string_view description,
+bool Finding::Fail(std::string_view code, std::string_view title, std::string_view description,
                    Integer status) {
   passed_ = false;
-  if (!raise_errors_) return;
+  if (!raise_errors_) return false;
   const String source = Source();
   validator_.AddError(code, title, source, description, Field(), value, status, validator_.GetError(source));
+  return false;
 }
 
 void Finding::At(String key, String field) {

@@ -56,10 +56,11 @@ class Finding {
   /// to write out set it before they fail.
   String value;
 
-  /// Makes a record of a failure; the rule has failed from here on.
+  /// Makes a record of a failure; the rule has failed from here on. Always False, for the mark of what was
+  /// tested.
   ///@{
-  void Fail(std::string_view code, std::string_view title, std::string_view description);
-  void Fail(std::string_view code, std::string_view title, std::string_view description, Integer status);
+  bool Fail(std::string_view code, std::string_view title, std::string_view description);
+  bool Fail(std::string_view code, std::string_view title, std::string_view description, Integer status);
   ///@}
 
   /// Makes the following records, that of a processing error among them, bear another key word and display

@@ -74,6 +74,7 @@ TEST_F(ValidationTest, RunsTheStagesInOrderAndTimesThem) {
 TEST_F(ValidationTest, TimesAreGroupedAndMeasuredByTheTick) {
   host_->on_yield = [this] { host_->tick += 600; };
   clsRTIController rti;
+  rti.ReadXML(Sample());
   const Outcome run = Validate(rti);
   EXPECT_THAT(run.lines, testing::Contains("Total time to validate: 5,400 milliseconds."));
 }

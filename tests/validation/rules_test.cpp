@@ -250,8 +250,8 @@ std::map<String, int> CodesOfTheRuleBook() {
   return codes;
 }
 
-// A code that stands at several rows wants as many different records. tests/rules/exempt.json names the
-// rows that nothing can bring about, with the reason.
+// A code that stands at several rows wants as many different texts. tests/rules/exempt.json says of a code
+// how many of its rows need none, and why.
 TEST(RuleBookTest, EveryRowHasACaseThatFiresIt) {
   std::map<String, std::set<String>> rows;
   for (const RuleCase& each : Cases()) CollectRows(each.self.value("errors", Json::array()), rows);
