@@ -186,7 +186,7 @@ bool clsRTIController::ValidateFile(Integer intMaxErrors) {
     const std::int64_t start = LogTick();
     Log("Commencing File Validation");
     if (cancel_requested_) return Log(kCancelled);
-    result = file_validator_->ValidateFile(Required(mobjGovTalkMessage));
+    result = file_validator_->ValidateFile(mobjGovTalkMessage);
     if (result) {
       Log("File Validation successful.");
     } else if (log_this_session_) {

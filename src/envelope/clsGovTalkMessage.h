@@ -109,6 +109,9 @@ class ZELNOR_API clsGovTalkMessage {
   /// Builds the document anew, whatever its state. The former one stays valid for whoever holds it.
   void ForceRebuild();
 
+  /// For the validators, which mark this object, not the records in it, as checked.
+  ZELNOR_INTERNAL void Validated(bool value) { validated_ = value; }
+
   /// Whether there is a submission; makes none.
   ZELNOR_INTERNAL bool HasSubmission() const;
 
