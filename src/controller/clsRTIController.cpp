@@ -13,6 +13,7 @@
 #include "zelnor/gateway/clsSOAPInterface.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/host.h"
+#include "zelnor/validation/clsException.h"
 #include "zelnor/validation/vlsCompanyValidator.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 #include "zelnor/validation/vlsFileValidator.h"
@@ -382,7 +383,7 @@ Long clsRTIController::ErrorCount(Long eniErrorType) {
   Handled(kClass, "Get ErrorCount", [&] {
     const bool all = eniErrorType == -1;
     Long rest = eniErrorType;
-    const auto count = [&](RTI_ERROR_TYPE type, const Validator& validator) {
+    const auto count = [&](RTI_ERROR_TYPE type, const auto& validator) {
       const auto value = static_cast<Long>(type);
       if (!all && rest <= value) return;
       result += validator.ErrorCount();
