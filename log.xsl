@@ -152,7 +152,11 @@
 
   <xsl:variable name="hmrc-errors" select="($answer/*[local-name() = 'Body']/*[local-name() = 'ErrorResponse']
     //*[local-name() = 'Error'] | $answer/*[local-name() = 'GovTalkDetails']/*[local-name() = 'GovTalkErrors']
-    /*[local-name() = 'Error'])[not(&only-announces;)]"/>
+    /*[local-name() = 'Error'])[not(&only-announces;)][not(*[local-name() = 'Number'] = '-9999')]"/>
+
+  <!-- Errors that nobody can put right in the document. -->
+  <xsl:variable name="no-fault" select="not($hmrc-errors[not(*[local-name() = 'Number'] = '1000' or *[local-name() = 'Number'] = '2000'
+    or *[local-name() = 'Number'] = '2005' or *[local-name() = 'Number'] = '3000')])"/>
 
   <!-- Errors of an earlier check in the same session stay in the log when a later one passes. -->
   <xsl:variable name="check-is-past" select="not($check-failed)"/>
@@ -199,6 +203,7 @@
     <xsl:choose>
       <xsl:when test="$outcome = 'accepted'"><xsl:value-of select="concat($hmrc, ' has accepted the ', $kind)"/></xsl:when>
       <xsl:when test="$outcome = 'pending'"><xsl:value-of select="concat($hmrc, ' has the ', $kind, ' and has not answered yet')"/></xsl:when>
+      <xsl:when test="$outcome = 'refused' and $no-fault"><xsl:value-of select="concat($hmrc, ' has answered with an error')"/></xsl:when>
       <xsl:when test="$outcome = 'refused'"><xsl:value-of select="concat($hmrc, ' has refused the ', $kind)"/></xsl:when>
       <xsl:when test="$outcome = 'connection'">HMRC could not be reached</xsl:when>
       <xsl:when test="$outcome = 'invalid'">The check found errors; nothing was sent</xsl:when>
@@ -223,9 +228,7 @@
       <xsl:when test="$outcome = 'accepted' and $is-test">This was a test. HMRC does not count it as a submission: send it live when you are ready.</xsl:when>
       <xsl:when test="$outcome = 'accepted'">There is nothing more to do. Keep this page, with its IRmark, as your receipt.</xsl:when>
       <xsl:when test="$outcome = 'pending'">Do not send it again. Ask for the answer later, with the correlation ID below.</xsl:when>
-      <!-- Nothing that the person could put right in the document. -->
-      <xsl:when test="$outcome = 'refused' and not($hmrc-errors[not(*[local-name() = 'Number'] = '1000' or *[local-name() = 'Number'] = '2000'
-        or *[local-name() = 'Number'] = '2005' or *[local-name() = 'Number'] = '3000')])">The fault need not lie in what you sent. See below what HMRC says.</xsl:when>
+      <xsl:when test="$outcome = 'refused' and $no-fault">The fault need not lie in what you sent. See below what HMRC says.</xsl:when>
       <xsl:when test="$outcome = 'refused'">
         <xsl:text>HMRC has not taken any of it. Put right the </xsl:text>
         <xsl:call-template name="errors"><xsl:with-param name="errors" select="$hmrc-errors"/></xsl:call-template>
@@ -462,13 +465,16 @@
             <xsl:with-param name="mark" select="':'"/>
           </xsl:call-template>
         </xsl:variable>
-        <xsl:call-template name="say">
-          <xsl:with-param name="text">
-            <xsl:call-template name="words-of">
-              <xsl:with-param name="name" select="substring(substring-before(concat($name, '['), '['), 1, 100)"/>
-            </xsl:call-template>
-          </xsl:with-param>
-        </xsl:call-template>
+        <!-- The whole is no field. -->
+        <xsl:if test="not(starts-with($name, 'GovTalkMessage') or starts-with($name, 'Body') or starts-with($name, 'IRenvelope'))">
+          <xsl:call-template name="say">
+            <xsl:with-param name="text">
+              <xsl:call-template name="words-of">
+                <xsl:with-param name="name" select="substring(substring-before(concat($name, '['), '['), 1, 100)"/>
+              </xsl:call-template>
+            </xsl:with-param>
+          </xsl:call-template>
+        </xsl:if>
       </xsl:otherwise>
     </xsl:choose>
   </xsl:template>
@@ -622,6 +628,10 @@
               <xsl:call-template name="say"><xsl:with-param name="text" select="$log/@Company"/></xsl:call-template>
               <xsl:text>, </xsl:text>
             </xsl:if>
+            <xsl:if test="not($log/@Company) or $log/@Company = 'Unspecified'">
+              <xsl:call-template name="say"><xsl:with-param name="text" select="string($paye-ref)"/></xsl:call-template>
+              <xsl:if test="string($paye-ref)">, </xsl:if>
+            </xsl:if>
             <xsl:call-template name="moment"><xsl:with-param name="stamp" select="$records[1]/@TimeStamp"/></xsl:call-template>
           </p>
         </header>
@@ -635,8 +645,8 @@
           <xsl:call-template name="errors-of-check"/>
           <xsl:call-template name="submission"/>
           <xsl:call-template name="mark"/>
-          <xsl:call-template name="timeline"/>
           <xsl:call-template name="exchange"/>
+          <xsl:call-template name="timeline"/>
         </main>
         <footer>
           <p>
@@ -659,8 +669,8 @@
         <xsl:if test="$check-errors"><li><a href="#check">Errors of the check (<xsl:value-of select="count($check-errors)"/>)</a></li></xsl:if>
         <li><a href="#submission">Submission</a></li>
         <xsl:if test="string($base32)"><li><a href="#irmark">IRmark</a></li></xsl:if>
-        <xsl:if test="$records"><li><a href="#timeline">What happened when</a></li></xsl:if>
         <xsl:if test="$messages or $log/Submission/*"><li><a href="#messages">Messages</a></li></xsl:if>
+        <xsl:if test="$records"><li><a href="#timeline">What happened when</a></li></xsl:if>
       </ul>
     </nav>
   </xsl:template>
@@ -1073,7 +1083,8 @@
       <p class="words">
         <span class="way">
           <xsl:if test="self::ToGateway">To HMRC</xsl:if>
-          <xsl:if test="self::FromGateway">From HMRC</xsl:if>
+          <xsl:if test="self::FromGateway and not(*/*[local-name() = 'GovTalkDetails']//*[local-name() = 'Number'] = '-9999')">From HMRC</xsl:if>
+          <xsl:if test="self::FromGateway and */*[local-name() = 'GovTalkDetails']//*[local-name() = 'Number'] = '-9999'">No answer</xsl:if>
         </span>
         <xsl:text> </xsl:text>
         <strong><xsl:apply-templates select="." mode="words"/></strong>
@@ -1306,6 +1317,9 @@
         table:not(.timeline) td::before { content: attr(data-label); color: var(--dim); }
         dl div { grid-template-columns: 7rem 1fr; gap: .5rem; }
         .base32 { font-size: 1.15rem; }
+        .timeline { font-size: .9rem; }
+        .timeline td { min-width: 0; padding-right: .5rem; }
+        .messages { padding-left: 1.25rem; }
       }
       @media print {
         :root { --ink: #000; --dim: #333; --paper: #fff; --line: #999; --soft: #fff; --link: #000;

@@ -60,7 +60,7 @@ String PathOfLog(const String& given) {
       throw CommandError(kUnreadableInput, "There are no logs in " + SystemPath(LogFolder()) + ".");
     return files.front().path;
   }
-  const String path = AbsolutePath(given);
+  String path = AbsolutePath(given);
   if (PlainFileExists(path)) return path;
   if (given.find_first_of("/\\") == String::npos) {
     for (const String& name : {given, given + ".xml"}) {
@@ -72,7 +72,7 @@ String PathOfLog(const String& given) {
 
 XmlDocument ReadLog(const String& path) {
   const String shown = path == "-" ? "standard input" : path;
-  const XmlDocument document;
+  XmlDocument document;
   if (!document.Load(path == "-" ? "/dev/stdin" : path)) {
     const XmlParseError& error = document.ParseError();
     const String line = error.line > 0 ? ", line " + std::to_string(error.line) : String();

@@ -5,7 +5,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <memory>
-#include <mutex>
 
 #include <libxml/parser.h>
 #include <libxml/tree.h>
@@ -55,7 +54,7 @@ Owned<xsltStylesheet> Compile(std::string_view style_sheet) {
   Owned<xmlDoc> doc = Parse(style_sheet, 0);
   Owned<xsltStylesheet> sheet(xsltParseStylesheetDoc(doc.get()));
   if (!sheet) Fail("The text is no style sheet.");
-  doc.release();  // the style sheet has it now
+  static_cast<void>(doc.release());  // the style sheet has it now
   if (sheet->errors != 0) Fail("The style sheet has errors.");
   return sheet;
 }
@@ -113,7 +112,7 @@ XmlDocument DocumentOf(const XmlDocument& document, std::string_view style_sheet
   xmlChar* text = nullptr;
   int size = 0;
   xmlDocDumpMemoryEnc(result.get(), &text, &size, "UTF-8");
-  const XmlDocument made;
+  XmlDocument made;
   if (!made.LoadXML(Taken(text, size)))
     Fail("The style sheet's result is no document: " + made.ParseError().reason);
   return made;

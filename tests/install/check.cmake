@@ -39,10 +39,13 @@ run(${CXX} -std=c++20 ${SOURCE}/tests/install/consumer/main.cpp -o ${work}/by-pk
 run(${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/${LIBDIR} ${work}/by-pkg-config/consumer)
 expect_answer(pkg-config)
 
-# The schemas lie where the library looks for them.
+# The schemas and the style sheet lie where the library looks for them.
 file(GLOB schemas RELATIVE ${SOURCE}/xsd ${SOURCE}/xsd/*.xsd)
 foreach(schema IN LISTS schemas)
   if(NOT EXISTS ${prefix}/${DATADIR}/zelnor/xsd/${schema})
     message(FATAL_ERROR "xsd/${schema} was not installed")
   endif()
 endforeach()
+if(NOT EXISTS ${prefix}/${DATADIR}/zelnor/log.xsl)
+  message(FATAL_ERROR "log.xsl was not installed")
+endif()

@@ -150,6 +150,17 @@ TEST_F(LogReport, ASubmissionThatHmrcRefused) {
   EXPECT_EQ(facts.findings[3].employee, "O'Hare <b>, Bo Lee (employee 2)");
 }
 
+TEST_F(LogReport, AnErrorOfTheWholeHasNoField) {
+  session_->In(
+      Envelope(Details("error", "submit"), "",
+               "<GovTalkErrors><Error><Number>1001</Number><Text>t</Text><Location>/hd:GovTalkMessage[1]"
+               "</Location></Error></GovTalkErrors>",
+               ""),
+      1);
+  EXPECT_EQ(Facts().findings.front().field, "");
+  EXPECT_EQ(Facts().findings.front().employee, "The submission as a whole");
+}
+
 TEST_F(LogReport, OneErrorIsCalledOne) {
   session_->WasRefused(1);
   EXPECT_THAT(Facts().advice, HasSubstr("Put right the error below"));
@@ -189,6 +200,9 @@ TEST_F(LogReport, AFailedConnection) {
   session_->FoundNoConnection();
   EXPECT_EQ(Facts().outcome, "connection");
   EXPECT_THAT(Facts().advice, HasSubstr("Nothing is known to have arrived"));
+  EXPECT_THAT(Facts().findings, IsEmpty()) << "HMRC has found nothing";
+  EXPECT_THAT(Html(), AllOf(HasSubstr("Error -9999: Unable to communicate"), HasSubstr("No answer"),
+                            Not(HasSubstr("From HMRC"))));
 }
 
 TEST_F(LogReport, AConnectionLostAfterTheAcknowledgement) {
@@ -205,6 +219,7 @@ TEST_F(LogReport, AConnectionThatFailedAfterSendingLeavesADoubt) {
 TEST_F(LogReport, AFaultOfHmrcsIsNotForThePersonToPutRight) {
   session_->Checked().Out(Request()).In(GatewayRefusal("3000", "Failed."), 1);
   EXPECT_EQ(Facts().outcome, "refused");
+  EXPECT_EQ(Facts().headline, "HMRC has answered with an error");
   EXPECT_THAT(Facts().advice, StartsWith("The fault need not lie"));
 }
 

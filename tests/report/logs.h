@@ -144,7 +144,7 @@ class Session {
   }
 
   Session& Say(const String& line, int seconds = 0) {
-    host_.Sleep(seconds * 1000);
+    host_.Sleep(std::int64_t{seconds} * 1000);
     log.AddTimingRecord(line);
     return *this;
   }
@@ -162,7 +162,7 @@ class Session {
     return Say("Message issued to Government Gateway at 05/04/2017 10:11:13");
   }
   Session& In(const String& xml, int seconds) {
-    host_.Sleep(seconds * 1000);
+    host_.Sleep(std::int64_t{seconds} * 1000);
     log.AddSendDoc(Root(xml), SEND_DIRECTION::Incoming);
     log.AddLatestPollResponse(Root(xml));
     return Say("Response received from Government Gateway at 05/04/2017 10:11:15");
