@@ -6,6 +6,7 @@
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
 #include "zelnor/documents/clsSubmission.h"
+#include "zelnor/envelope/clsDZEncoder.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/envelope/clsIRMark.h"
 #include "zelnor/envelope/clsSHA1.h"
@@ -110,6 +111,20 @@ void MarkDocument(benchmark::State& state) {
   Count(state);
 }
 BENCHMARK(MarkDocument)->Unit(benchmark::kMillisecond);
+
+void PackText(benchmark::State& state) {
+  const String text = LargeDocument().Xml();
+  for (auto _ : state) benchmark::DoNotOptimize(clsDZEncoder().PackAndEncode(text));
+  Count(state);
+}
+BENCHMARK(PackText)->Unit(benchmark::kMillisecond);
+
+void UnpackText(benchmark::State& state) {
+  const String packed = clsDZEncoder().PackAndEncode(LargeDocument().Xml());
+  for (auto _ : state) benchmark::DoNotOptimize(clsDZEncoder().UncompressAndDecodeData(packed));
+  Count(state);
+}
+BENCHMARK(UnpackText)->Unit(benchmark::kMillisecond);
 
 void MatchPattern(benchmark::State& state) {
   const Regex pattern("^[A-Z]{2}[0-9]{6}[A-D ]$");

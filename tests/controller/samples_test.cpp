@@ -7,6 +7,7 @@
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
 #include "zelnor/documents/clsSectionNVR.h"
+#include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/envelope/clsIRMark.h"
 
 #include <algorithm>
@@ -29,9 +30,10 @@ String FolderOf(const char* variable) {
 class SamplesTest : public ControllerTest {
  protected:
   // Saves a document anew with its mark, and gives the file's path.
-  String SavedAnew(const String& path) {
+  String SavedAnew(const String& path, bool compressed = false) {
     clsRTIController rti;
     rti.ReadXML(ReadFile(path));
+    rti.UseCompression(compressed);
     rti.Submission()->Header()->DocIRMark()->value("");
     const String out = folder_.At("saved.xml");
     EXPECT_EQ(rti.SaveSubmission(out), SUBMISSION_RESULT::Successful);
@@ -85,6 +87,21 @@ TEST_F(SamplesTest, TheSavedSamplesAreValidByThePublishedSchemas) {
   }
 }
 
+TEST_F(SamplesTest, TheSamplesSavedCompressedAreValidAndMarkedAsOtherToolsMarkThem) {
+  for (const char* name : {"FPS-25-26.xml", "FPS-25-26-agent.xml"}) {
+    const String saved = SavedAnew(ZELNOR_SOURCE_DIR "/samples/" + String(name), true);
+    EXPECT_EQ(Verdict(ZELNOR_SOURCE_DIR "/xsd", saved), "") << name;
+    const String published = FolderOf("ZELNOR_PUBLISHED_XSD");
+    if (!published.empty()) {
+      EXPECT_EQ(Verdict(published, saved), "") << name;
+    }
+    const XmlDocument document;
+    ASSERT_TRUE(document.Load(saved));
+    EXPECT_EQ(document.GetElementsByTagName("CompressedPart").size(), 1U) << name;
+    EXPECT_EQ(document.GetElementsByTagName("IRmark").front().Text(), MarkByWitness(saved)) << name;
+  }
+}
+
 // The number of employees that a document's section holds.
 Long EmployeesOf(clsSubmission& submission) {
   if (const auto fps = submission.FPS()) return fps->EmployeeCount();
@@ -118,6 +135,43 @@ TEST_F(SamplesTest, ThePublishedSamplesAreWhatTheyAreWithEveryEmployee) {
     EXPECT_EQ(rti.Submission()->Header()->DocIRMark()->value().size(), 28U) << name;
   }
   EXPECT_GE(seen, 5);
+  EXPECT_THAT(host_->messages, testing::IsEmpty());
+}
+
+// The text of the document that a controller writes in this form.
+String WrittenText(clsRTIController& rti, bool compressed) {
+  rti.UseCompression(compressed);
+  rti.OverrideCompression(!compressed);
+  rti.GovTalkMessage()->ForceRebuild();
+  return rti.GovTalkMessage()->XML();
+}
+
+// The plain form of a document that was read from this text.
+String ReadAndWritten(const String& text) {
+  clsRTIController rti;
+  rti.ValidationRequired(false);
+  rti.ReadXML(text);
+  return WrittenText(rti, false);
+}
+
+TEST_F(SamplesTest, ThePublishedSamplesComeThroughCompression) {
+  const String published = FolderOf("ZELNOR_PUBLISHED_SAMPLES");
+  if (published.empty()) GTEST_SKIP() << "ZELNOR_PUBLISHED_SAMPLES names no folder";
+  int compressed = 0;
+  for (const String& name : FileNames(published)) {
+    const XmlDocument document;
+    if (!document.Load(published + "/" + name) || document.DocumentElement().BaseName() != "GovTalkMessage") {
+      continue;
+    }
+    clsRTIController rti;
+    rti.ValidationRequired(false);
+    rti.ReadXMLDoc(document);
+    const String plain = WrittenText(rti, false);
+    const String packed = WrittenText(rti, true);
+    if (packed.find("<CompressedPart") != String::npos) ++compressed;
+    EXPECT_EQ(ReadAndWritten(packed), ReadAndWritten(plain)) << name;
+  }
+  EXPECT_GE(compressed, 3);
   EXPECT_THAT(host_->messages, testing::IsEmpty());
 }
 
