@@ -75,6 +75,7 @@ bool clsFTP::OpenConnection(const String& sServer, const String& sUser, const St
   const bool result = Attempt("InternetConnect", [&](FtpConnection& ftp) {
     return ftp.Open(sServer, sUser, sPassword, passive_flag_ == kPassiveFlag);
   });
+  was_protected_ = result && connection_->Protected();
   if (!result) CloseConnection();
   return result;
 }

@@ -121,6 +121,9 @@ class ZELNOR_API clsFTP {
   /// The code of what went wrong last; 0 when nothing did yet.
   ZELNOR_INTERNAL Long LastErrorCode() const { return last_error_code_; }
 
+  /// Whether the last connection was under TLS.
+  ZELNOR_INTERNAL bool WasProtected() const { return was_protected_; }
+
   /// Asked again and again while the server is waited for; True breaks the operation off.
   ZELNOR_INTERNAL void StopWhen(std::function<bool()> stop) { stop_ = std::move(stop); }
 
@@ -146,6 +149,7 @@ class ZELNOR_API clsFTP {
   std::int64_t silence_limit_ = 0;
   eFTPTransferTypes transfer_type_ = eFTPTransferTypes::FTP_ASCII;
   Long passive_flag_ = 0;
+  bool was_protected_ = false;
   bool busy_ = false;
   bool close_when_idle_ = false;
   std::exception_ptr handler_error_;

@@ -147,8 +147,10 @@ class FtpConnection::Session {
   }
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
+  ~Session();
 
   FtpOutcome Open(const String& server, const String& user, const String& password, bool passive);
+  bool Protected() const { return secure_; }
   FtpOutcome Command(const String& text);
   FtpOutcome Transfer(const String& remote, bool ascii, const Source* source, const Sink* sink);
   FtpOutcome Size(const String& remote, std::int64_t& size);
@@ -169,6 +171,13 @@ class FtpConnection::Session {
   bool ReplyWaits() const;
   template <class Body>
   bool Guarded(Body&& body) noexcept;
+  void Forget() noexcept;
+
+  // Nothing of an operation outlasts it.
+  struct AtItsEnd {
+    Session& session;
+    ~AtItsEnd() { session.Forget(); }
+  };
 
   void RequireIdle() const {
     if (busy_) ThrowInvalidArgument();
@@ -189,9 +198,10 @@ class FtpConnection::Session {
   bool passive_ = true;
   bool opened_ = false;
   bool busy_ = false;
-  bool secure_ = false;  // the commands go under TLS
-  bool ascii_ = false;   // whether the server may take the next file for text
-  curl_socket_t control_ = CURL_SOCKET_BAD;
+  bool secure_ = false;                      // the commands go under TLS
+  bool ascii_ = false;                       // whether the server may take the next file for text
+  long response_limit_ = 0;                  // seconds
+  curl_socket_t control_ = CURL_SOCKET_BAD;  // bad when the connection is closed
 
   // Of the operation that runs.
   const Source* source_ = nullptr;
@@ -211,6 +221,27 @@ class FtpConnection::Session {
   Clock::time_point last_byte_;
   std::exception_ptr error_;
 };
+
+// Says good-bye. What the library does about that when it is taken down itself may last minutes.
+FtpConnection::Session::~Session() {
+  constexpr long kGoodBye = 5;  // seconds
+  if (control_ == CURL_SOCKET_BAD) return;
+  try {
+    Set(CURLOPT_FORBID_REUSE, 1L);
+    Set(CURLOPT_SERVER_RESPONSE_TIMEOUT, std::min(response_limit_, kGoodBye));
+    Quote({}, {});
+  } catch (...) {
+    // The connection is closed all the same.
+  }
+}
+
+void FtpConnection::Session::Forget() noexcept {
+  source_ = nullptr;
+  sink_ = nullptr;
+  for (const CURLoption each : {CURLOPT_QUOTE, CURLOPT_PREQUOTE}) {
+    curl_easy_setopt(curl_.get(), each, static_cast<curl_slist*>(nullptr));
+  }
+}
 
 void FtpConnection::Session::SetOptions(bool passive) {
   Set(CURLOPT_PROTOCOLS_STR, "ftp");
@@ -243,7 +274,8 @@ void FtpConnection::Session::SetOptions(bool passive) {
   Set(CURLOPT_CONNECTTIMEOUT_MS, limit(owner_.connect_limit));
   Set(CURLOPT_ACCEPTTIMEOUT_MS, limit(owner_.connect_limit));
   // Silence is measured in OnProgress; the library's own limit only must not come first.
-  Set(CURLOPT_FTP_RESPONSE_TIMEOUT, limit(owner_.silence_limit) / 1000 + 2);
+  response_limit_ = limit(owner_.silence_limit) / 1000 + 2;
+  Set(CURLOPT_SERVER_RESPONSE_TIMEOUT, response_limit_);
 
   Set(CURLOPT_HEADERFUNCTION, &Session::OnReply);
   Set(CURLOPT_HEADERDATA, this);
@@ -314,10 +346,9 @@ FtpOutcome FtpConnection::Session::Quote(const String& first, const String& seco
     if (!each.empty()) commands = curl_slist_append(commands, ("*" + each).c_str());
   }
   const CommandList held(commands);
+  const AtItsEnd forget{*this};
   Set(CURLOPT_QUOTE, held.get());
-  FtpOutcome outcome = Perform();
-  Set(CURLOPT_QUOTE, static_cast<curl_slist*>(nullptr));
-  return outcome;
+  return Perform();
 }
 
 void FtpConnection::Session::GoTo(const String& remote) {
@@ -339,6 +370,7 @@ FtpOutcome FtpConnection::Session::Transfer(const String& remote, bool ascii, co
   const bool was_ascii = ascii_;
   const CommandList commands(ascii || was_ascii ? curl_slist_append(nullptr, ascii ? "TYPE A" : "TYPE I")
                                                 : nullptr);
+  const AtItsEnd forget{*this};
   Set(CURLOPT_PREQUOTE, commands.get());
   Set(CURLOPT_NOBODY, 0L);
   Set(CURLOPT_UPLOAD, source != nullptr ? 1L : 0L);
@@ -352,9 +384,6 @@ FtpOutcome FtpConnection::Session::Transfer(const String& remote, bool ascii, co
   }
   if (outcome) ascii_ = ascii;
   if (outcome && source != nullptr && !source_ends_) outcome.code = kFtpConnectionReset;
-  source_ = nullptr;
-  sink_ = nullptr;
-  Set(CURLOPT_PREQUOTE, static_cast<curl_slist*>(nullptr));
   return outcome;
 }
 
@@ -526,6 +555,8 @@ FtpOutcome FtpConnection::Open(const String& server, const String& user, const S
                                bool passive) {
   return session_->Open(server, user, password, passive);
 }
+
+bool FtpConnection::Protected() const { return session_->Protected(); }
 
 FtpOutcome FtpConnection::Command(const String& text) { return session_->Command(text); }
 

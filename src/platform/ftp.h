@@ -67,6 +67,9 @@ class ZELNOR_INTERNAL FtpConnection {
   /// address with a port stands in "[]". Without a user the login is anonymous. Once for each object.
   FtpOutcome Open(const String& server, const String& user, const String& password, bool passive);
 
+  /// Whether commands and files go under TLS.
+  bool Protected() const;
+
   /// Sends one command and takes its reply. Raises error 5 for a text with control characters.
   FtpOutcome Command(const String& text);
 

@@ -2,7 +2,9 @@
 
 #include "support/fake_ftp_server.h"
 #include "support/recording_host.h"
+#include "support/scoped_environment.h"
 #include "support/temporary_folder.h"
+#include "support/unprotecting_ftp_server.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -22,7 +24,7 @@ String Bytes(std::size_t count) {
 class FtpTest : public testing::Test {
  protected:
   FtpTest() {
-    ftp_.TimeLimits(2'000, 300);
+    ftp_.TimeLimits(20'000, 20'000);
     ftp_.events.FileTransferProgress.connect(
         [this](Long& current, Long& total) { progress_.emplace_back(current, total); });
   }
@@ -242,6 +244,14 @@ TEST_F(FtpTest, AServerThatOffersTlsAndFailsGetsNoPassword) {
   EXPECT_EQ(server_.Count("PASS"), 0U);
 }
 
+TEST_F(FtpTest, AServerThatWouldHaveFilesInTheClearIsRefused) {
+  const UnprotectingFtpServer server;
+  const ScopedEnvironment trusted("SSL_CERT_FILE", server.Certificate());
+  EXPECT_FALSE(ftp_.OpenConnection(server.Address(), "ann", "secret"));
+  ExpectError("InternetConnect", 12029, "No connection, or no secure one, could be made to the FTP server.");
+  EXPECT_EQ(server.Commands().back(), "PROT");
+}
+
 TEST_F(FtpTest, NoSpaceIsToldByTheServersReply) {
   ASSERT_TRUE(Open());
   server_.replies["STOR"] = "552 The disk is full";
@@ -316,6 +326,7 @@ TEST_F(FtpTest, AShortDownloadIsAReset) {
 }
 
 TEST_F(FtpTest, SilenceIsATimeout) {
+  ftp_.TimeLimits(20'000, 300);
   server_.silent = {"MKD"};
   ASSERT_TRUE(Open());
   EXPECT_FALSE(ftp_.CreateFTPDirectory("a"));
@@ -323,12 +334,23 @@ TEST_F(FtpTest, SilenceIsATimeout) {
 }
 
 TEST_F(FtpTest, ASilentLoginIsATimeout) {
+  ftp_.TimeLimits(20'000, 300);
   server_.silent = {"PASS"};
   EXPECT_FALSE(Open());
   ExpectError("InternetConnect", 12002, "The FTP server did not answer in time.");
 }
 
+TEST_F(FtpTest, AServerThatIsSilentAtTheGoodByeIsLeft) {
+  ftp_.TimeLimits(20'000, 300);
+  server_.silent = {"QUIT"};
+  ASSERT_TRUE(Open());
+  ftp_.CloseConnection();
+  EXPECT_EQ(server_.Count("QUIT"), 1U);
+  EXPECT_TRUE(Open());
+}
+
 TEST_F(FtpTest, AStallInTheMiddleIsATimeout) {
+  ftp_.TimeLimits(20'000, 300);
   server_.stall_after = 100'000;
   server_.Put("b", Bytes(200'000));
   ASSERT_TRUE(Open());

@@ -23,6 +23,8 @@ struct Case {
   bool active;
 };
 
+void PrintTo(const Case& each, std::ostream* out) { *out << each.name; }
+
 class VsftpdTest : public testing::TestWithParam<Case> {
  protected:
   void SetUp() override {
