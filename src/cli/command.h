@@ -122,4 +122,13 @@ int RunLogShow(const CommonOptions& options, const LogOptions& log);
 int RunLogOpen(const CommonOptions& options, const LogOptions& log);
 int RunLogPrune(const CommonOptions& options, const LogOptions& log);
 
+/// Options of `zelnor support`.
+struct SupportOptions {
+  String file;
+  String server;
+  String user;
+  String password_file;
+};
+int RunSupport(const CommonOptions& options, const SupportOptions& support);
+
 }  // namespace zelnor::cli

@@ -19,6 +19,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -69,15 +70,19 @@ String AskForPassword() {
         kWrongUsage,
         "No password for --user. Give it by --password-file, or in the environment as ZELNOR_PASSWORD.");
   }
-  std::fputs("Password: ", terminal);
-  std::fflush(terminal);
   termios shown{};
   tcgetattr(fileno(terminal), &shown);
   termios hidden = shown;
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
   tcsetattr(fileno(terminal), TCSAFLUSH, &hidden);
+  std::fputs("Password: ", terminal);
+  std::fflush(terminal);
+  // A signal is only remembered, and wouldn't end a read that waits.
+  pollfd answer{fileno(terminal), POLLIN, 0};
+  while (CaughtSignal() == 0 && poll(&answer, 1, 100) <= 0) {
+  }
   std::array<char, 1024> line{};
-  const bool read = std::fgets(line.data(), line.size(), terminal) != nullptr;
+  const bool read = CaughtSignal() == 0 && std::fgets(line.data(), line.size(), terminal) != nullptr;
   tcsetattr(fileno(terminal), TCSAFLUSH, &shown);
   std::fputs("\n", terminal);
   std::fclose(terminal);
@@ -102,7 +107,9 @@ String PasswordOf(const GatewayOptions& options) {
   }
   if (options.password_file == "-") {
     std::string line;
-    std::getline(std::cin, line);
+    if (!std::getline(std::cin, line)) {
+      throw CommandError(kWrongUsage, "--password-file: standard input is empty. Give the password as its first line.");
+    }
     return FirstLine(line);
   }
   if (!options.password_file.empty()) {

@@ -167,6 +167,22 @@ int Run(int argc, char** argv) {
       ->check(CLI::Range(0, kMostDays));
   log_prune->add_flag("--dry-run", log_options.dry_run, "Only tell what would be deleted");
 
+  SupportOptions support_options;
+  CLI::App* support =
+      app.add_subcommand("support", "Send a saved document and a log of it to a support site over FTP");
+  support->add_option("FILE", support_options.file, "The document's file")->required();
+  support->add_option("--server", support_options.server, "The FTP server; 21 is the port if none is given")
+      ->type_name("HOST[:PORT]")
+      ->required();
+  support->add_option("--user", support_options.user, "The account on the server")
+      ->type_name("NAME")
+      ->required();
+  support
+      ->add_option("--password-file", support_options.password_file,
+                   "A file whose first line is the password; \"-\" for standard input. Default: "
+                   "$ZELNOR_PASSWORD, else the program asks")
+      ->type_name("F");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
@@ -187,6 +203,7 @@ int Run(int argc, char** argv) {
     if (*log_show) return RunLogShow(options, log_options);
     if (*log_open) return RunLogOpen(options, log_options);
     if (*log_prune) return RunLogPrune(options, log_options);
+    if (*support) return RunSupport(options, support_options);
     return RunSave(options, save_options);
   } catch (const CommandError& error) {
     return ReportFailure(options, error.what(), error.Status());
@@ -196,6 +213,7 @@ int Run(int argc, char** argv) {
 }
 
 }  // namespace
+
 }  // namespace zelnor::cli
 
 int main(int argc, char** argv) {

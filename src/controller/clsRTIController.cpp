@@ -536,5 +536,6 @@ void clsRTIController::GovTalkMessage(Ref<clsGovTalkMessage> value) {
 
 bool clsRTIController::SubmissionSaved() const { return submission_saved_; }
 String clsRTIController::SubmissionFilePath() const { return submission_file_path_; }
+void clsRTIController::SubmissionFilePath(const String& value) { submission_file_path_ = value; }
 
 }  // namespace zelnor

@@ -10,6 +10,7 @@ namespace zelnor {
 
 class ErrorRecord;
 class Validator;
+class clsFTP;
 class clsGovTalkMessage;
 class clsLog;
 class clsSOAPInterface;
@@ -287,8 +288,33 @@ class ZELNOR_API clsRTIController {
   /// The transport.
   ZELNOR_INTERNAL Ref<clsSOAPInterface> Transport() const { return mobjSOAPInterface; }
 
-  /// The path of the file that SaveSubmission wrote last; empty before.
+  /// Sends the file that SaveSubmission wrote last and the log, as one archive, to a support site; the log
+  /// tells how it went. For a submission that went wrong. TLS is used wherever the server offers it. The
+  /// archive is deleted afterwards. A session that isn't logged sends the file alone.
+  ///
+  /// @param strFTPServerPath the server's name or address, with ":" and a port where it isn't 21
+  /// @param strFTPUsername, strFTPPassword an account there; an empty user logs in anonymously. Neither is
+  /// kept
+  /// @return whether it arrived; False also before any SaveSubmission
+  bool FTPToSupport(const String& strFTPServerPath, const String& strFTPUsername,
+                    const String& strFTPPassword);
+
+  /// What came of an upload to the support site.
+  struct SupportUpload {
+    bool sent = false;
+    String remote_name;  ///< the archive's name over there
+  };
+
+  /// FTPToSupport with a client of the caller's, whose events and errors the caller follows.
+  ZELNOR_INTERNAL SupportUpload SendToSupport(clsFTP& ftp, const String& server, const String& user,
+                                              const String& password);
+
+  /// The path of the file that SaveSubmission wrote last; empty before. Writing it has FTPToSupport send a
+  /// file that was saved in an earlier session.
+  ///@{
   ZELNOR_INTERNAL String SubmissionFilePath() const;
+  ZELNOR_INTERNAL void SubmissionFilePath(const String& value);
+  ///@}
 
  private:
   // Member functions of the controller's core.
@@ -334,6 +360,7 @@ class ZELNOR_API clsRTIController {
 
   // Saving.
   String PathToSave(const String& strFilepath);
+  String ZipForSupport();
 
   Ref<vlsPaymentForPeriodValidator> payment_validator_;
   Ref<vlsEmployeeValidator> employee_validator_;

@@ -1,0 +1,113 @@
+#include "zelnor/cli/command.h"
+#include "zelnor/cli/conversation.h"
+#include "zelnor/cli/interrupt.h"
+#include "zelnor/common/clsLog.h"
+#include "zelnor/controller/clsFTP.h"
+#include "zelnor/controller/clsRTIController.h"
+#include "zelnor/documents/clsSectionIRHeader.h"
+#include "zelnor/documents/clsSubmission.h"
+#include "zelnor/platform/files.h"
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace zelnor::cli {
+namespace {
+
+// How far the upload is, in one line that is written over; nothing where nobody looks on.
+class Progress {
+ public:
+  Progress(clsFTP& ftp, bool shown) {
+    subscription_ =
+        Subscription(ftp.events.FileTransferProgress.connect([this, shown](Long& sent, Long& total) {
+          total_ = total;
+          const Long percent = total == 0 ? 100 : static_cast<Long>(std::int64_t{sent} * 100 / total);
+          if (!shown || percent == percent_) return;
+          percent_ = percent;
+          std::fprintf(stderr, "\rSending %d of %d bytes (%d%%)", sent, total, percent);
+        }));
+  }
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+  ~Progress() {
+    if (percent_ >= 0) std::fputs("\n", stderr);
+  }
+  Long Total() const { return total_; }
+
+ private:
+  Long total_ = 0;
+  Long percent_ = -1;
+  Subscription subscription_;
+};
+
+// A failure of the way there can be tried again; a refusal wants something changed first.
+SUBMISSION_RESULT ResultOf(bool sent, Long code) {
+  if (sent) return SUBMISSION_RESULT::Successful;
+  if (CaughtSignal() != 0) return SUBMISSION_RESULT::CancelledSend;
+  switch (code) {
+    case 0:
+      return SUBMISSION_RESULT::UnknownError;
+    case 12002:
+    case 12007:
+    case 12029:
+    case 12031:
+      return SUBMISSION_RESULT::ConnectionFailed;
+    default:
+      return SUBMISSION_RESULT::FailedSend;
+  }
+}
+
+}  // namespace
+
+int RunSupport(const CommonOptions& options, const SupportOptions& support) {
+  if (support.file == "-") {
+    throw CommandError(kWrongUsage, "Standard input can't be sent. Give the file of the saved submission.");
+  }
+  PrepareHome(options);
+  const XmlDocument document = ReadMessage(support.file);
+  GatewayOptions account;
+  account.user = support.user;
+  account.password_file = support.password_file;
+  const String password = PasswordOf(account);
+  clsRTIController rti;
+  // The log that goes along holds what the rules find today.
+  rti.ReadXMLDoc(document);
+  rti.ProcessingLog()->SetSubmissionType(rti.SubmissionType());
+  rti.Submission()->Header()->DocIRMark();  // reading it makes the record that the header's writer needs
+  rti.Validate();
+  rti.SubmissionFilePath(AbsolutePath(support.file));
+
+  clsFTP ftp;
+  ftp.StopWhen([] { return CaughtSignal() != 0; });
+  clsRTIController::SupportUpload upload;
+  Long bytes = 0;
+  {
+    const Progress progress(ftp, !options.json && isatty(STDERR_FILENO) != 0);
+    upload = rti.SendToSupport(ftp, support.server, support.user, password);
+    bytes = progress.Total();
+  }
+  const SUBMISSION_RESULT result = ResultOf(upload.sent, ftp.LastErrorCode());
+  ObeySignal();
+  const String log = SystemPath(rti.ProcessingLog()->LogFilePath());
+  Json json = {{"result", NameOf(result)},
+               {"server", support.server},
+               {"name", upload.sent ? upload.remote_name : String()},
+               {"bytes", upload.sent ? bytes : 0},
+               {"encrypted", ftp.WasProtected()},
+               {"log", log}};
+  String text = "Result   " + NameOf(result) + "\n";
+  if (upload.sent) {
+    text += "Sent     " + upload.remote_name + ", " + std::to_string(bytes) + " bytes, " +
+            (ftp.WasProtected() ? "encrypted" : "in the clear: the server offers no encryption") + "\n";
+  } else {
+    const String error = ftp.LastErrorMessage().empty()
+                             ? String("The archive could not be made; see the log.")
+                             : ftp.LastErrorMessage();
+    std::fprintf(stderr, "zelnor: %s: nothing was sent: %s\n", support.server.c_str(), error.c_str());
+    json["error"] = error;
+  }
+  Print(options, json, text + "Log      " + log + "\n");
+  return StatusOf(result);
+}
+
+}  // namespace zelnor::cli
