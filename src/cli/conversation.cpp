@@ -108,7 +108,8 @@ String PasswordOf(const GatewayOptions& options) {
   if (options.password_file == "-") {
     std::string line;
     if (!std::getline(std::cin, line)) {
-      throw CommandError(kWrongUsage, "--password-file: standard input is empty. Give the password as its first line.");
+      throw CommandError(kWrongUsage,
+                         "--password-file: standard input is empty. Give the password as its first line.");
     }
     return FirstLine(line);
   }

@@ -69,6 +69,11 @@ class LocalGateway::Server : public httplib::Server {
 
   void Start() {
     SetScenario(options_.scenario);
+    // The library would share the port with whoever has it.
+    set_socket_options([](socket_t socket) {
+      const int yes = 1;
+      setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    });
     if (!options_.certificate.empty() || !options_.key.empty()) ReadCertificate();
     port_ = options_.port == 0 ? bind_to_any_port(kHost) : options_.port;
     if (options_.port != 0 && !bind_to_port(kHost, options_.port)) port_ = -1;
