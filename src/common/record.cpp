@@ -21,7 +21,7 @@ XmlNode DocumentElementNamed(const String& strXML, std::string_view name) {
   return root.NodeName() == name ? root : XmlNode();
 }
 
-bool IsYes(std::string_view text) { return EqualIgnoringCase(text, "yes"); }
+bool IsYes(std::string_view text) { return UpperCase(text) == "YES"; }
 
 String BoolToYesNo(Long value) { return value == 1 ? "yes" : "no"; }
 

@@ -22,7 +22,7 @@ bool clsEmailType::CreateFromXML(const XmlNode& xmlNode) {
     if (xmlNode.NodeName() == RootElementName()) {
       if (const auto preferred = xmlNode.Attribute("Preferred")) preferred_ = IsYes(*preferred);
       if (const auto type = xmlNode.Attribute("Type"))
-        email_type_ = EqualIgnoringCase(*type, "home") ? EMAIL_TYPE::Home : EMAIL_TYPE::Work;
+        email_type_ = UpperCase(*type) == "HOME" ? EMAIL_TYPE::Home : EMAIL_TYPE::Work;
       email_address_ = xmlNode.Text();
       result = true;
     }

@@ -19,7 +19,7 @@ std::string_view SenderText(enmSender sender) {
 
 enmSender SenderFromText(std::string_view text) {
   for (std::size_t i = 0; i < kSenders.size(); ++i) {
-    if (EqualIgnoringCase(text, kSenders[i])) return static_cast<enmSender>(i);
+    if (UpperCase(text) == UpperCase(kSenders[i])) return static_cast<enmSender>(i);
   }
   return enmSender::IsOther;
 }

@@ -38,7 +38,7 @@ bool clsTelephoneType::CreateFromXML(const XmlNode& xmlNode) {
 void clsTelephoneType::ReadAllButMobile(const XmlNode& xmlNode) {
   if (const auto preferred = xmlNode.Attribute("Preferred")) preferred_ = IsYes(*preferred);
   if (const auto type = xmlNode.Attribute("Type"))
-    tel_type_ = EqualIgnoringCase(*type, "home") ? TELEPHONE_TYPE::Home : TELEPHONE_TYPE::Work;
+    tel_type_ = UpperCase(*type) == "HOME" ? TELEPHONE_TYPE::Home : TELEPHONE_TYPE::Work;
   for (const XmlNode& child : xmlNode.ChildNodes()) {
     if (!child.IsElement()) continue;
     const std::string_view name = child.BaseName();
