@@ -99,17 +99,14 @@ String HostOf(const String& url) {
 }
 
 // A server that goes away in the middle of the TLS handshake has refused nothing.
-bool BrokenOffInHandshake(CURL* curl, std::string_view detail) {
-  long verified = 0;
-  curl_easy_getinfo(curl, CURLINFO_SSL_VERIFYRESULT, &verified);
+bool BrokenOffInHandshake(std::string_view detail) {
   constexpr std::array<std::string_view, 5> kSigns = {"SSL_ERROR_SYSCALL", "SSL_ERROR_ZERO_RETURN",
                                                       "unexpected eof", "reset by peer", "Broken pipe"};
-  return verified == 0 && std::any_of(kSigns.begin(), kSigns.end(), [&](std::string_view sign) {
-           return detail.find(sign) != std::string_view::npos;
-         });
+  return std::any_of(kSigns.begin(), kSigns.end(),
+                     [&](std::string_view sign) { return detail.find(sign) != std::string_view::npos; });
 }
 
-RuntimeError ErrorOf(CURL* curl, CURLcode code, const Exchange& exchange, std::string_view detail) {
+RuntimeError ErrorOf(CURLcode code, const Exchange& exchange, std::string_view detail) {
   const String host = HostOf(exchange.message.url);
   const String cause = detail.empty() ? curl_easy_strerror(code) : String(detail);
   const auto error = [](Long number, const String& sentence) {
@@ -126,7 +123,7 @@ RuntimeError ErrorOf(CURL* curl, CURLcode code, const Exchange& exchange, std::s
     case CURLE_OPERATION_TIMEDOUT:
       return error(kHttpTimedOut, "The connection to " + host + " timed out.");
     case CURLE_SSL_CONNECT_ERROR:
-      if (BrokenOffInHandshake(curl, detail)) break;
+      if (BrokenOffInHandshake(detail)) break;
       [[fallthrough]];
     case CURLE_PEER_FAILED_VERIFICATION:
     case CURLE_SSL_CIPHER:
@@ -233,7 +230,7 @@ HttpAnswer ExchangeHttp(const HttpMessage& message) {
   // libcurl takes a header that breaks off for a whole one.
   const bool whole = code == CURLE_OK && exchange.header_ended;
   const bool answered = whole || code == CURLE_BAD_CONTENT_ENCODING || exchange.answer.too_long;
-  if (!answered) throw ErrorOf(curl, code, exchange, detail.data());
+  if (!answered) throw ErrorOf(code, exchange, detail.data());
   long status = 0;
   curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);
   exchange.answer.status = static_cast<Long>(status);

@@ -22,8 +22,8 @@ using testing::StartsWith;
 class GatewayProcess {
  public:
   GatewayProcess(const TemporaryFolder& folder, const String& options) : out_(folder.At("gateway.txt")) {
-    const String command = "exec '" ZELNOR_PROGRAM "' --home '" + folder.At("gateway-home") + "' gateway " + options +
-                           " >'" + out_ + "' 2>&1";
+    const String command = "exec '" ZELNOR_PROGRAM "' --home '" + folder.At("gateway-home") + "' gateway " +
+                           options + " >'" + out_ + "' 2>&1";
     process_ = fork();
     if (process_ == 0) {
       execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
@@ -42,7 +42,9 @@ class GatewayProcess {
   String Url() const {
     const String text = Text();
     const std::size_t at = text.find("http");
-    return at == String::npos || text.find('\n', at) == String::npos ? "" : text.substr(at, text.find('\n', at) - at);
+    return at == String::npos || text.find('\n', at) == String::npos
+               ? ""
+               : text.substr(at, text.find('\n', at) - at);
   }
 
   String Text() const {
@@ -60,7 +62,9 @@ class GatewayProcess {
     return status_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
-  String Options() const { return " --submission-url " + Url() + "/submission --poll-url " + Url() + "/poll"; }
+  String Options() const {
+    return " --submission-url " + Url() + "/submission --poll-url " + Url() + "/poll";
+  }
 
  private:
   String out_;
@@ -71,7 +75,9 @@ class GatewayProcess {
 class SendingCliTest : public CliTest {
  protected:
   // Without rules, which the sample need not hold to on any day.
-  String Send(const String& options) const { return "send --no-validation " + options + " " + Quoted(SamplePath()); }
+  String Send(const String& options) const {
+    return "send --no-validation " + options + " " + Quoted(SamplePath());
+  }
 };
 
 TEST_F(SendingCliTest, SendGoesThroughTheLocalGateway) {
@@ -99,9 +105,10 @@ TEST_F(SendingCliTest, SendGoesThroughTheLocalGateway) {
     }
   }
   std::vector<String> files;
-  for (const json& file : told["files"]) files.push_back(std::filesystem::path(file.get<String>()).filename());
-  EXPECT_THAT(files, testing::UnorderedElementsAre("send.xml", "response.xml", "poll1.xml", "poll2.xml", "delete.xml",
-                                                   "deleteOriginal.xml"));
+  for (const json& file : told["files"])
+    files.push_back(std::filesystem::path(file.get<String>()).filename());
+  EXPECT_THAT(files, testing::UnorderedElementsAre("send.xml", "response.xml", "poll1.xml", "poll2.xml",
+                                                   "delete.xml", "deleteOriginal.xml"));
 }
 
 TEST_F(SendingCliTest, TheAddressesOfARunDontStayInTheSettings) {
@@ -134,7 +141,8 @@ TEST_F(SendingCliTest, ErrorsOfTheGatewayAreTold) {
 
 TEST_F(SendingCliTest, ErrorsOfAnEmployeeNameTheEmployee) {
   const String scenario = folder_.Put(
-      "scenario", "acknowledgement\nbusiness-error error=\"7|business|Bad|/hd:GovTalkMessage[1]/fps:Employee[2]/x\"\n");
+      "scenario",
+      "acknowledgement\nbusiness-error error=\"7|business|Bad|/hd:GovTalkMessage[1]/fps:Employee[2]/x\"\n");
   const GatewayProcess gateway(folder_, "--interval -1 --scenario " + Quoted(scenario));
   const json told = json::parse(Run(Send("--json" + gateway.Options())).out);
   EXPECT_EQ(told["errors"][1]["employee"], 2);
@@ -169,7 +177,8 @@ TEST_F(SendingCliTest, APasswordFileThatCannotBeReadIsWrongUsage) {
 }
 
 TEST_F(SendingCliTest, ADistantGatewayNeedsAMode) {
-  const Outcome run = Run(Send("--submission-url https://gateway.invalid/s --poll-url https://gateway.invalid/p"));
+  const Outcome run =
+      Run(Send("--submission-url https://gateway.invalid/s --poll-url https://gateway.invalid/p"));
   EXPECT_EQ(run.status, 2);
   EXPECT_THAT(run.err, HasSubstr("needs an explicit --mode"));
   EXPECT_EQ(Run(Send("--gateway hmrc")).status, 2);
@@ -177,7 +186,9 @@ TEST_F(SendingCliTest, ADistantGatewayNeedsAMode) {
 
 TEST_F(SendingCliTest, OptionsThatContradictEachOtherAreWrongUsage) {
   EXPECT_EQ(Run(Send("--submission-url http://127.0.0.1:1/")).status, 2);
-  EXPECT_EQ(Run(Send("--gateway local --submission-url http://127.0.0.1:1/ --poll-url http://127.0.0.1:1/")).status, 2);
+  EXPECT_EQ(
+      Run(Send("--gateway local --submission-url http://127.0.0.1:1/ --poll-url http://127.0.0.1:1/")).status,
+      2);
   EXPECT_EQ(Run(Send("--gateway elsewhere")).status, 2);
   EXPECT_EQ(Run(Send("--mode Whatever")).status, 2);
   EXPECT_EQ(Run(Send("--today tomorrow")).status, 2);
@@ -192,8 +203,8 @@ TEST_F(SendingCliTest, InputThatIsNoMessageIsNotSent) {
 }
 
 TEST_F(SendingCliTest, CopiesAreSavedAndNamed) {
-  const Outcome run = Run(Send("--json --save-copy " + Quoted(folder_.At("a/1.xml")) + " --save-another-copy " +
-                               Quoted(folder_.At("b/2.xml"))));
+  const Outcome run = Run(Send("--json --save-copy " + Quoted(folder_.At("a/1.xml")) +
+                               " --save-another-copy " + Quoted(folder_.At("b/2.xml"))));
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(folder_.Get("a/1.xml"), folder_.Get("b/2.xml"));
   EXPECT_THAT(folder_.Get("a/1.xml"), HasSubstr("<IRmark Type=\"generic\">"));
@@ -204,9 +215,10 @@ TEST_F(SendingCliTest, CopiesAreSavedAndNamed) {
 TEST_F(SendingCliTest, AnInterruptLeavesTheResultPendingAndTellsTheId) {
   const GatewayProcess gateway(folder_, "--interval 60");
   // The program is interrupted while it waits for the first poll.
-  const String script = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + Send(gateway.Options()) + " >'" +
-                        folder_.At("sent.txt") + "' & sent=$!; until grep -q acknowledgement '" +
-                        folder_.At("gateway.txt") + "'; do sleep 0.05; done; sleep 0.3; kill -INT $sent; wait $sent";
+  const String script = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " +
+                        Send(gateway.Options()) + " >'" + folder_.At("sent.txt") +
+                        "' & sent=$!; until grep -q acknowledgement '" + folder_.At("gateway.txt") +
+                        "'; do sleep 0.05; done; sleep 0.3; kill -INT $sent; wait $sent";
   const String file = folder_.Put("interrupt.sh", script);
   const int status = std::system(("bash '" + file + "' 2>/dev/null").c_str());
   EXPECT_EQ(WEXITSTATUS(status), 10);
@@ -226,7 +238,8 @@ TEST_F(SendingCliTest, PollTakesOneProvisionalAnswerForPending) {
   const String scenario = folder_.Put("scenario", "submission: proper\npoll: drop before x4\n");
   const GatewayProcess gateway(folder_, "--interval 1 --provisional 6 --scenario " + Quoted(scenario));
   ASSERT_EQ(Run(Send(gateway.Options())).status, 13);
-  const String poll = "poll --json --class HMRC-PAYE-RTI-FPS --correlation-id " + HeldBy(gateway) + gateway.Options();
+  const String poll =
+      "poll --json --class HMRC-PAYE-RTI-FPS --correlation-id " + HeldBy(gateway) + gateway.Options();
   const Outcome pending = Run(poll);
   EXPECT_EQ(pending.status, 10) << pending.err;
   EXPECT_EQ(json::parse(pending.out)["result"], "Pending");
