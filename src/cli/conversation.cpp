@@ -20,7 +20,6 @@
 #include <filesystem>
 #include <iostream>
 #include <poll.h>
-#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -188,15 +187,12 @@ ConnectionState ConversationHost::Connection() {
 }
 
 Account::Account(clsRTIController& controller)
-    : controller_(controller),
-      folder_(SystemPath(controller.SavePath())),
-      before_(FilesInFolder()),
-      on_terminal_(isatty(STDERR_FILENO) == 1) {
+    : controller_(controller), folder_(SystemPath(controller.SavePath())), before_(FilesInFolder()) {
   clsRTIController::Events& from = controller.events;
   from.ControllerStatus.connect([this](const String& stage, const String& detail, Long percent) {
     Note("ControllerStatus", Json::array({stage, detail, percent}));
     if (detail == kProvisional) provisional_ = true;
-    ShowProgress(stage, detail, percent);
+    progress_.Show(stage + " " + detail + (percent > 0 ? " " + ToText(percent) + "%" : String()));
   });
   from.AcknowledgementReceivedFromGateway.connect(
       [this](const String& id) { Note("AcknowledgementReceivedFromGateway", Json::array({id})); });
@@ -214,8 +210,6 @@ Account::Account(clsRTIController& controller)
   FollowTransport();
 }
 
-Account::~Account() { EndProgress(); }
-
 // What the controller doesn't pass on: the mark in both forms, and the errors of an answer that never came.
 void Account::FollowTransport() {
   clsSOAPInterface::Events& from = controller_.Transport()->events;
@@ -230,27 +224,6 @@ void Account::FollowTransport() {
       own_errors_.push_back(ErrorOf(*error));
     }
   });
-}
-
-void Account::ShowProgress(const String& stage, const String& detail, Long percent) {
-  if (!on_terminal_) return;
-  winsize size{};
-  const bool known = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 1;
-  String line = stage + " " + detail;
-  if (percent > 0) line += " " + ToText(percent) + "%";
-  line = Left(line, known ? size.ws_col - 1 : 79);
-  const auto width = static_cast<std::size_t>(Length(line));
-  const String blanks(shown_ > width ? shown_ - width : 0, ' ');
-  std::fprintf(stderr, "\r%s%s", line.c_str(), blanks.c_str());
-  std::fflush(stderr);
-  shown_ = width;
-}
-
-void Account::EndProgress() {
-  if (shown_ == 0) return;
-  std::fprintf(stderr, "\r%s\r", String(shown_, ' ').c_str());
-  std::fflush(stderr);
-  shown_ = 0;
 }
 
 std::map<String, std::int64_t> Account::FilesInFolder() const {

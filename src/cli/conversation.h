@@ -5,6 +5,7 @@
 /// terminal, and the account of what happened.
 
 #include "zelnor/cli/command.h"
+#include "zelnor/cli/progress_line.h"
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/platform/host.h"
 #include "zelnor/standin/local_gateway.h"
@@ -81,10 +82,9 @@ class Account {
   explicit Account(clsRTIController& controller);
   Account(const Account&) = delete;
   Account& operator=(const Account&) = delete;
-  ~Account();
 
   /// Ends the progress line.
-  void EndProgress();
+  void EndProgress() { progress_.End(); }
 
   /// The account as JSON.
   Json AsJson(SUBMISSION_RESULT result);
@@ -103,7 +103,6 @@ class Account {
   void Note(const char* event, Json args) {
     events_.push_back({{"event", event}, {"args", std::move(args)}});
   }
-  void ShowProgress(const String& stage, const String& detail, Long percent);
   void FollowTransport();
   std::map<String, std::int64_t> FilesInFolder() const;
   std::vector<String> NewFiles() const;
@@ -119,8 +118,7 @@ class Account {
   std::pair<String, String> mark_;
   bool provisional_ = false;
   Long told_interval_ = 0;
-  std::size_t shown_ = 0;
-  bool on_terminal_;
+  ProgressLine progress_;
 };
 
 /// Loads a document for sending or saving: an old mark goes, since the body is written anew. Raises
@@ -146,6 +144,18 @@ struct SendOptions {
   bool plain = false;
 };
 int RunSend(const CommonOptions& options, const SendOptions& send);
+
+/// Options of `zelnor validate`.
+struct ValidateOptions {
+  String file;
+  String today;
+  int max_errors = 0;
+  String stages;  ///< names, separated by commas; empty for all
+  String format;  ///< text, json, csv or junit; empty for text, or json with --json
+  bool compress = false;
+  bool plain = false;
+};
+int RunValidate(const CommonOptions& options, const ValidateOptions& validate);
 
 /// Options of `zelnor poll`.
 struct PollOptions {

@@ -80,6 +80,27 @@ int Run(int argc, char** argv) {
   save->add_flag("--plain", save_options.plain, "Write the employees plain, however many they are")
       ->excludes(compress);
 
+  ValidateOptions validate_options;
+  CLI::App* validate =
+      app.add_subcommand("validate", "Check a document by HMRC's rules and against its schema");
+  validate->add_option("FILE", validate_options.file, "A GovTalk message")->required();
+  validate->add_option("--today", validate_options.today, "The date that the rules take as today")
+      ->type_name("YYYY-MM-DD");
+  validate
+      ->add_option("--max-errors", validate_options.max_errors,
+                   "Stop counting at so many errors; 0, the default, for all")
+      ->check(CLI::Range(0, 32767));
+  validate
+      ->add_option("--stages", validate_options.stages,
+                   "Only these of envelope, company, employees, payment, schema, separated by commas")
+      ->type_name("LIST");
+  validate->add_option("--format", validate_options.format, "text (the default), json, csv or junit")
+      ->check(CLI::IsMember({"text", "json", "csv", "junit"}));
+  CLI::Option* validate_compressed = validate->add_flag("--compress", validate_options.compress,
+                                                        "Check the document with its employees compressed");
+  validate->add_flag("--plain", validate_options.plain, "Check it with its employees plain")
+      ->excludes(validate_compressed);
+
   SendOptions send_options;
   CLI::App* send = app.add_subcommand("send", "Send a document to a gateway and wait for the answer");
   send->add_option("FILE", send_options.file, "A GovTalk message")->required();
@@ -195,6 +216,7 @@ int Run(int argc, char** argv) {
   try {
     if (*show) return RunShow(options, file);
     if (*irmark) return RunIRmark(options, file);
+    if (*validate) return RunValidate(options, validate_options);
     if (*send) return RunSend(options, send_options);
     if (*poll) return RunPoll(options, poll_options);
     if (*gateway) return RunGateway(options, gateway_options);

@@ -288,6 +288,9 @@ class ZELNOR_API clsRTIController {
   /// The transport.
   ZELNOR_INTERNAL Ref<clsSOAPInterface> Transport() const { return mobjSOAPInterface; }
 
+  /// The validator of the last run's employees.
+  ZELNOR_INTERNAL Ref<vlsEmployeeValidator> EmployeeValidator() const { return employee_validator_; }
+
   /// Sends the file that SaveSubmission wrote last and the log, as one archive, to a support site; the log
   /// tells how it went. For a submission that went wrong. TLS is used wherever the server offers it. The
   /// archive is deleted afterwards. A session that isn't logged sends the file alone.

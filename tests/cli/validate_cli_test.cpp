@@ -1,0 +1,115 @@
+// `zelnor validate` as a user runs it.
+
+#include "zelnor/platform/text.h"
+#include "zelnor/platform/xml.h"
+
+#include "cli/cli_fixture.h"
+
+namespace zelnor::test {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ValidateCliTest : public CliTest {
+ protected:
+  // The sample with one text in place of another.
+  String Changed(const String& from, const String& to) const {
+    const String text = folder_.Get(SamplePath());
+    EXPECT_NE(text.find(from), String::npos);
+    return Input(Replace(text, from, to));
+  }
+  String BadReference() const { return Changed("<AORef>961PY00427198</AORef>", "<AORef>=1+1</AORef>"); }
+  static constexpr const char* kToday = " --today 2025-07-04 ";
+};
+
+TEST_F(ValidateCliTest, AValidDocumentExitsWith0) {
+  const Outcome run = Run(String("validate") + kToday + Quoted(SamplePath()));
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, StartsWith("Valid: FPS, 0 errors"));
+}
+
+TEST_F(ValidateCliTest, AnErrorIsShownUnderItsFieldAndExitsWith11) {
+  const Outcome run = Run(String("validate") + kToday + BadReference());
+  EXPECT_EQ(run.status, 11);
+  EXPECT_THAT(run.out, HasSubstr("Company\n  AORef: \"=1+1\"\n    E3.3."));
+  EXPECT_THAT(run.out, HasSubstr("Not valid: FPS, "));
+}
+
+TEST_F(ValidateCliTest, JsonTellsStagesCountsAndErrors) {
+  const Outcome run = Run(String("--json validate") + kToday + BadReference());
+  EXPECT_EQ(run.status, 11);
+  const json told = json::parse(run.out);
+  EXPECT_EQ(told["valid"], false);
+  EXPECT_EQ(told["type"], "FPS");
+  std::vector<String> names;
+  for (const json& stage : told["stages"]) names.push_back(stage["name"]);
+  EXPECT_THAT(names, testing::ElementsAre("envelope", "company", "employees", "payment", "schema"));
+  EXPECT_EQ(told["stages"][1]["ran"], true);
+  EXPECT_EQ(told["stages"][1]["passed"], false);
+  EXPECT_EQ(told["stages"][3]["ran"], false);  // an FPS has no payment stage
+  EXPECT_EQ(told["stages"][4]["ran"], false);  // what has failed isn't held against the schema
+  EXPECT_EQ(told["employees"]["checked"], 11);
+  const json& error = told["errors"][0];
+  EXPECT_EQ(error["family"], "Company");
+  EXPECT_THAT(error["code"].get<String>(), StartsWith("E3.3."));
+  EXPECT_EQ(error["field"], "AORef");
+  EXPECT_EQ(error["value"], "=1+1");
+  EXPECT_EQ(error["severity"], "Critical");
+  EXPECT_TRUE(error["employee"].is_null());
+  EXPECT_TRUE(error["inner"].is_array());
+}
+
+TEST_F(ValidateCliTest, StagesCanBeChosenAndDontOutliveTheRun) {
+  const json told = json::parse(Run(String("--json validate --stages schema,employees") + kToday + BadReference()).out);
+  EXPECT_EQ(told["stages"][0]["ran"], false);
+  EXPECT_EQ(told["stages"][1]["ran"], false);
+  EXPECT_EQ(told["stages"][2]["ran"], true);
+  EXPECT_EQ(told["stages"][4]["ran"], true);
+  const json again = json::parse(Run(String("--json validate") + kToday + Quoted(SamplePath())).out);
+  EXPECT_EQ(again["stages"][0]["ran"], true);
+  EXPECT_EQ(again["stages"][1]["ran"], true);
+}
+
+TEST_F(ValidateCliTest, TheSchemaIsCheckedWithoutTheEnvelopeStage) {
+  const String bad = Changed("<Ttl>Miss</Ttl>", "<Ttl>Miss</Ttl><Unheard>x</Unheard>");
+  const Outcome run = Run(String("validate --stages schema") + kToday + bad);
+  EXPECT_EQ(run.status, 0) << run.out;  // the writer leaves out what it doesn't know
+  const Outcome wrong = Run(String("validate --stages schema") + kToday + BadReference());
+  EXPECT_EQ(wrong.status, 11);
+  EXPECT_THAT(wrong.out, HasSubstr("FileSchema"));
+}
+
+TEST_F(ValidateCliTest, CsvIsSafeForASpreadsheet) {
+  const Outcome run = Run(String("validate --format csv") + kToday + BadReference());
+  EXPECT_EQ(run.status, 11);
+  EXPECT_THAT(run.out, StartsWith("family,employee,field,code,title,description,value,severity,source\r\n\"Company\","));
+  EXPECT_THAT(run.out, HasSubstr("\"'=1+1\""));
+}
+
+TEST_F(ValidateCliTest, JunitIsXmlWithASuiteForEachStage) {
+  const Outcome run = Run(String("validate --format junit") + kToday + BadReference());
+  const XmlDocument report;
+  ASSERT_TRUE(report.LoadXML(run.out));
+  EXPECT_EQ(report.SelectNodes("/testsuites/testsuite").size(), 3U);
+  EXPECT_GE(report.SelectNodes("/testsuites/testsuite[@name='company']/testcase/failure").size(), 1U);
+}
+
+TEST_F(ValidateCliTest, WrongOptionsAreWrongUsage) {
+  EXPECT_EQ(Run("validate --stages all " + Quoted(SamplePath())).status, 2);
+  EXPECT_EQ(Run("validate --format pdf " + Quoted(SamplePath())).status, 2);
+  EXPECT_EQ(Run("validate --max-errors -1 " + Quoted(SamplePath())).status, 2);
+  EXPECT_EQ(Run("validate --today never " + Quoted(SamplePath())).status, 2);
+  EXPECT_EQ(Run("validate " + Input("<a/>")).status, 3);
+}
+
+TEST_F(ValidateCliTest, MaxErrorsBoundsTheReport) {
+  const json all = json::parse(Run(String("--json validate") + kToday + BadReference()).out);
+  const json one = json::parse(Run(String("--json validate --max-errors 1") + kToday + BadReference()).out);
+  EXPECT_EQ(one["errors"].size(), 1U);
+  EXPECT_GE(all["errors"].size(), 1U);
+}
+
+}  // namespace
+}  // namespace zelnor::test
