@@ -53,8 +53,9 @@ std::set<String> ChosenStages(const String& list) {
   std::istringstream names(list);
   for (std::string name; std::getline(names, name, ',');) {
     if (std::none_of(stages.begin(), stages.end(), [&](const Stage& stage) { return name == stage.name; })) {
-      throw CommandError(kWrongUsage, "--stages: \"" + name +
-                                          "\" is none. Choose from envelope, company, employees, payment, schema.");
+      throw CommandError(
+          kWrongUsage,
+          "--stages: \"" + name + "\" is none. Choose from envelope, company, employees, payment, schema.");
     }
     chosen.insert(name);
   }
@@ -84,16 +85,11 @@ Json ErrorJson(const char* family, const ErrorRecord& error) {
   if (const CollectionRef<ErrorRecord>& records = error.InnerExceptions()) {
     for (const Ref<ErrorRecord>& each : *records) inner.push_back(ErrorJson(family, Required(each)));
   }
-  return {{"family", family},
-          {"code", error.Code()},
-          {"title", error.Title()},
-          {"description", error.Description()},
-          {"field", error.FieldName()},
-          {"value", error.FieldValue()},
-          {"source", error.Source()},
-          {"severity", SeverityText(error.Status())},
-          {"employee", employee},
-          {"inner", inner}};
+  return {{"family", family},           {"code", error.Code()},
+          {"title", error.Title()},     {"description", error.Description()},
+          {"field", error.FieldName()}, {"value", error.FieldValue()},
+          {"source", error.Source()},   {"severity", SeverityText(error.Status())},
+          {"employee", employee},       {"inner", inner}};
 }
 
 // What a run found.
@@ -142,7 +138,8 @@ String AsText(const Findings& found) {
   Long count = 0;
   Walk(found.errors, 0, [&](const Json& error, int) {
     ++count;
-    const String who = error["employee"].is_null() ? TextOf(error["family"]) : "Employee " + TextOf(error["employee"]);
+    const String who =
+        error["employee"].is_null() ? TextOf(error["family"]) : "Employee " + TextOf(error["employee"]);
     if (who != employee) {
       text += (text.empty() ? "" : "\n") + who + "\n";
       employee = who;
@@ -173,8 +170,8 @@ String CsvField(const String& text) {
 }
 
 String AsCsv(const Findings& found) {
-  constexpr std::array kColumns = {"family", "employee", "field",    "code",  "title",
-                                   "description", "value", "severity", "source"};
+  constexpr std::array kColumns = {"family",      "employee", "field",    "code",  "title",
+                                   "description", "value",    "severity", "source"};
   String text;
   for (const char* column : kColumns) text += (text.empty() ? "" : ",") + String(column);
   text += "\r\n";
@@ -200,7 +197,8 @@ String AsJunit(const Findings& found) {
       if (TextOf(error["family"]) != stage.family) return;
       ++failures;
       const XmlNode test = suite.AppendElement("testcase");
-      test.Attribute("classname", error["employee"].is_null() ? String(stage.family) : TextOf(error["employee"]));
+      test.Attribute("classname",
+                     error["employee"].is_null() ? String(stage.family) : TextOf(error["employee"]));
       test.Attribute("name", TextOf(error["field"]) + " " + TextOf(error["code"]));
       const XmlNode failure = test.AppendElement("failure");
       failure.Attribute("type", TextOf(error["severity"]));
@@ -236,7 +234,8 @@ void GatherErrors(clsRTIController& rti, Findings& found) {
     const CollectionRef<ErrorRecord> errors = rti.ErrorCollection(static_cast<Long>(stage.type));
     if (!errors) continue;
     stage.passed = errors->Count() == 0;
-    for (const Ref<ErrorRecord>& error : *errors) found.errors.push_back(ErrorJson(stage.family, Required(error)));
+    for (const Ref<ErrorRecord>& error : *errors)
+      found.errors.push_back(ErrorJson(stage.family, Required(error)));
   }
 }
 

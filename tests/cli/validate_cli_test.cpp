@@ -62,7 +62,8 @@ TEST_F(ValidateCliTest, JsonTellsStagesCountsAndErrors) {
 }
 
 TEST_F(ValidateCliTest, StagesCanBeChosenAndDontOutliveTheRun) {
-  const json told = json::parse(Run(String("--json validate --stages schema,employees") + kToday + BadReference()).out);
+  const json told =
+      json::parse(Run(String("--json validate --stages schema,employees") + kToday + BadReference()).out);
   EXPECT_EQ(told["stages"][0]["ran"], false);
   EXPECT_EQ(told["stages"][1]["ran"], false);
   EXPECT_EQ(told["stages"][2]["ran"], true);
@@ -84,7 +85,9 @@ TEST_F(ValidateCliTest, TheSchemaIsCheckedWithoutTheEnvelopeStage) {
 TEST_F(ValidateCliTest, CsvIsSafeForASpreadsheet) {
   const Outcome run = Run(String("validate --format csv") + kToday + BadReference());
   EXPECT_EQ(run.status, 11);
-  EXPECT_THAT(run.out, StartsWith("family,employee,field,code,title,description,value,severity,source\r\n\"Company\","));
+  EXPECT_THAT(
+      run.out,
+      StartsWith("family,employee,field,code,title,description,value,severity,source\r\n\"Company\","));
   EXPECT_THAT(run.out, HasSubstr("\"'=1+1\""));
 }
 

@@ -20,8 +20,9 @@ namespace {
 
 const std::string kOwnSchemas = ZELNOR_SOURCE_DIR "/xsd";
 const std::string kTables = ZELNOR_TEST_DATA "/schemas/tables";
-const std::vector<std::string> kSchemaFiles = {"envelope-v2-0-HMRC.xsd", "xmldsig-core-schema.xsd",
-                                               "FullPaymentSubmission-2026-v1-0.xsd"};
+const std::vector<std::string> kSchemaFiles = {
+    "envelope-v2-0-HMRC.xsd", "xmldsig-core-schema.xsd", "FullPaymentSubmission-2026-v1-0.xsd",
+    "EmployerPaymentSummary-2026-v1-0.xsd", "NINOverificationRequest-v1-2.xsd"};
 
 XmlDocument Loaded(const std::string& path) {
   XmlDocument document;
