@@ -184,6 +184,14 @@ void WriteMessage(Out& out, long employees) {
   out.Open("IRheader");
   WriteKeys(out);
   out.Leaf("PeriodEnd", "2026-04-05");
+  out.Open("Principal");
+  out.Open("Contact");
+  out.Open("Name");
+  out.Leaf("Fore", "Paula");
+  out.Leaf("Sur", "Roller");
+  out.Close();
+  out.Close();
+  out.Close();
   out.Leaf("DefaultCurrency", "GBP");
   out.Leaf("Sender", "Employer");
   out.Close();
