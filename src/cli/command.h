@@ -89,6 +89,9 @@ class KeptSetting {
 };
 
 int RunShow(const CommonOptions& options, const String& file);
+/// `zelnor new`: writes a document to start from, to a file or, with no name, to standard output.
+int RunNew(const CommonOptions& options, const String& type, const String& out);
+
 int RunIRmark(const CommonOptions& options, const String& file);
 
 /// Options of `zelnor save`.

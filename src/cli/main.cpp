@@ -80,6 +80,14 @@ int Run(int argc, char** argv) {
   save->add_flag("--plain", save_options.plain, "Write the employees plain, however many they are")
       ->excludes(compress);
 
+  String new_type;
+  String new_out;
+  CLI::App* new_document =
+      app.add_subcommand("new", "Write a small, valid, commented document to start from");
+  new_document->add_option("TYPE", new_type, "fps, eps, eas, eyu or nvr")->required();
+  new_document->add_option("-o,--out", new_out, "The file to write; standard output without it")
+      ->type_name("FILE");
+
   ValidateOptions validate_options;
   CLI::App* validate =
       app.add_subcommand("validate", "Check a document by HMRC's rules and against its schema");
@@ -216,6 +224,7 @@ int Run(int argc, char** argv) {
   try {
     if (*show) return RunShow(options, file);
     if (*irmark) return RunIRmark(options, file);
+    if (*new_document) return RunNew(options, new_type, new_out);
     if (*validate) return RunValidate(options, validate_options);
     if (*send) return RunSend(options, send_options);
     if (*poll) return RunPoll(options, poll_options);
