@@ -8,8 +8,9 @@
 namespace zelnor::cli {
 
 int RunNew(const CommonOptions& options, const String& type, const String& out) {
-  const auto found = std::find_if(kNewDocuments.begin(), kNewDocuments.end(),
-                                  [&](const NewDocument& document) { return document.type == LowerCase(type); });
+  const auto found =
+      std::find_if(kNewDocuments.begin(), kNewDocuments.end(),
+                   [&](const NewDocument& document) { return document.type == LowerCase(type); });
   if (found == kNewDocuments.end()) {
     throw CommandError(kWrongUsage, "\"" + type + "\" is no type. Choose fps, eps, eas, eyu or nvr.");
   }

@@ -161,7 +161,7 @@ TEST(Unzip, RefusesABombThatLiesAboutItsSize) {
 
 TEST(Unzip, TakesALargeTextOfUsualMake) {
   std::string text;
-  for (int i = 0; text.size() < kFreelyUnpackedBytes + 1; ++i) {
+  for (std::int64_t i = 0; text.size() < kFreelyUnpackedBytes + 1; ++i) {
     text += "<NINO>AB" + std::to_string(i * 7919 % 1000000) + "C</NINO>";
   }
   EXPECT_EQ(Unzip(ArchiveBy("gzip -1 -c pay.xml >archive", text)), text);
