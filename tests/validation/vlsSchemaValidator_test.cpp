@@ -219,6 +219,7 @@ TEST_F(SchemaValidatorTest, EachClassHasItsFile) {
   };
   for (const auto& [class_name, file] : files) {
     host->messages.clear();
+    DeleteFile(folder_.Path() + file);
     EXPECT_FALSE(validator.ValidateSchema(class_name, Sample()));
     ASSERT_EQ(host->messages.size(), 1U);
     EXPECT_TRUE(host->messages[0].text.ends_with("XML Schema not found: " + folder_.Path() + file))
