@@ -4,10 +4,21 @@
 #include "zelnor/platform/formats.h"
 #include "zelnor/platform/host.h"
 
-#include <filesystem>
+#include <cstdio>
 #include <mutex>
 
 namespace zelnor::cli {
+namespace {
+
+// A line at once, for whoever reads along: with --json an object of its own.
+void PrintLine(const CommonOptions& options, const Json& json, const String& text) {
+  const String line =
+      (options.json ? json.dump(-1, ' ', false, Json::error_handler_t::replace) : text) + "\n";
+  std::fwrite(line.data(), 1, line.size(), stdout);
+  std::fflush(stdout);
+}
+
+}  // namespace
 
 int RunGateway(const CommonOptions& options, const GatewayCommandOptions& command) {
   PrepareHome(options);
@@ -25,7 +36,6 @@ int RunGateway(const CommonOptions& options, const GatewayCommandOptions& comman
     }
   }
   gateway.record_folder = AbsolutePath(command.record);
-  if (!gateway.record_folder.empty()) std::filesystem::create_directories(gateway.record_folder);
   GatewayOptions credentials;
   credentials.user = command.user;
   credentials.password_file = command.password_file;
@@ -38,7 +48,7 @@ int RunGateway(const CommonOptions& options, const GatewayCommandOptions& comman
   gateway.log = [&](const String& what) {
     const std::lock_guard lock(printing);
     const String moment = Format(CurrentHost()->Now(), "Hh:Nn:Ss");
-    Print(options, {{"time", moment}, {"exchange", what}}, moment + "  " + what + "\n");
+    PrintLine(options, {{"time", moment}, {"exchange", what}}, moment + "  " + what);
   };
   standin::LocalGateway local(std::move(gateway));
   try {
@@ -48,8 +58,8 @@ int RunGateway(const CommonOptions& options, const GatewayCommandOptions& comman
   }
   {
     const std::lock_guard lock(printing);
-    Print(options, {{"url", local.url()}, {"port", local.port()}},
-          "Local gateway listening on " + local.url() + "\n");
+    PrintLine(options, {{"url", local.url()}, {"port", local.port()}},
+              "Local gateway listening on " + local.url());
   }
   constexpr std::int64_t kGlance = 50;
   while (CaughtSignal() == 0) CurrentHost()->Sleep(kGlance);

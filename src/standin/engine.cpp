@@ -1,6 +1,6 @@
 #include "zelnor/standin/engine.h"
 
-#include "zelnor/platform/formats.h"
+#include "zelnor/platform/failure.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/standin/local_gateway.h"
 #include "zelnor/standin/mark.h"
@@ -57,7 +57,7 @@ std::string LocalTime(const char* pattern) {
 
 // 32 upper-case hexadecimal characters.
 std::string NewCorrelationId() {
-  static std::mt19937_64 random(std::random_device{}());
+  std::random_device random;
   std::string id;
   for (int part = 0; part < 32; ++part) id += "0123456789ABCDEF"[random() & 15U];
   return id;
@@ -90,15 +90,19 @@ XmlNode FirstElement(const XmlNode& node) {
   return nullptr;
 }
 
-// The path of a node as the department gives it: each step with a prefix and its position.
-std::string LocationOf(const std::string& path) {
+bool IsKnownClass(const std::string& name) {
+  return std::find(kClasses.begin(), kClasses.end(), KnownClass(name)) != kClasses.end();
+}
+
+// The path of a node in Body as the department gives it: each step with a prefix and its position. The
+// prefix is that of the kind of document, such as "fps".
+std::string LocationOf(const std::string& message_class, const std::string& path) {
+  const std::string known = KnownClass(message_class);
+  const std::string prefix = LowerCase(known.substr(known.rfind('-') + 1)) + ":";
+  std::string location = "/hd:GovTalkMessage[1]/hd:Body[1]";
   std::istringstream steps(path);
-  std::string step;
-  std::string location;
-  while (std::getline(steps, step, '/')) {
-    if (step.empty()) continue;
-    const bool envelope = step == "GovTalkMessage" || step == "Body";
-    location += std::string("/") + (envelope ? "hd:" : "rti:") + step + (step.ends_with(']') ? "" : "[1]");
+  for (std::string step; std::getline(steps, step, '/');) {
+    if (!step.empty()) location += "/" + prefix + step + (step.ends_with(']') ? "" : "[1]");
   }
   return location;
 }
@@ -155,7 +159,7 @@ struct Engine::Submission {
   std::string message_class;
   std::string mark;
   std::string accepted;
-  std::vector<Problem> problems = {};
+  std::vector<Problem> problems = {};  // that the department found
   int polls = 0;
 };
 
@@ -166,7 +170,16 @@ std::string Engine::KindOf(const std::string& message) { return Request(message)
 
 Engine::Reply Engine::Answer(const std::string& message, const std::optional<Action>& action) {
   const Request request(message);
-  Reply reply = action && !action->Is("proper") ? Told(request, *action) : Proper(request);
+  Reply reply;
+  try {
+    if (!action) {
+      reply = Proper(request);
+    } else if (action->TakesNotice()) {
+      reply = Told(request, *action);
+    }
+  } catch (const RuntimeError& error) {
+    reply = Failed(request, {.number = "1000", .text = "System failure: " + error.Description()});
+  }
   reply.kind = request.Kind();
   reply.request = request.root ? request.qualifier + " " + request.function : "what is no message";
   if (reply.kind == "submission" && request.root) reply.request = "submission " + request.qualifier;
@@ -174,16 +187,16 @@ Engine::Reply Engine::Answer(const std::string& message, const std::optional<Act
 }
 
 Engine::Reply Engine::Proper(const Request& request) {
-  if (const std::optional<Problem> problem = ProblemOf(request)) {
-    Reply reply;
-    reply.answer = "error " + problem->number;
-    reply.body = Envelope(request, "error", "submit", nullptr,
-                          "<GovTalkErrors>" + problem->AsElement() + "</GovTalkErrors>", "");
-    return reply;
-  }
+  if (const std::optional<Problem> problem = ProblemOf(request)) return Failed(request, *problem);
   if (request.Kind() == "poll") return ProperPoll(request);
   if (request.Kind() == "delete") return ProperDelete(request);
   return ProperAcknowledgement(request, nullptr);
+}
+
+Engine::Reply Engine::Failed(const Request& request, const Problem& problem) const {
+  return {.answer = "error " + problem.number + ": " + problem.text,
+          .body = Envelope(request, "error", "submit", nullptr,
+                           "<GovTalkErrors>" + problem.AsElement() + "</GovTalkErrors>", "")};
 }
 
 Engine::Reply Engine::ProperAcknowledgement(const Request& request, const Action* action) {
@@ -196,12 +209,8 @@ Engine::Reply Engine::ProperAcknowledgement(const Request& request, const Action
   }
   Request answered = request;
   answered.correlation_id = id;
-  Submission& submission = submissions_[id];
-  submission = {.message_class = KnownClass(request.message_class),
-                .mark = MarkOf(request.bytes),
-                .accepted = LocalTime("%Y-%m-%dT%H:%M:%S"),
-                .problems = ProblemsOfBody(request)};
-  reply.answer = "acknowledgement " + id;
+  if (!id.empty()) submissions_[id] = Received(request);
+  reply.answer = "acknowledgement" + (id.empty() ? " without an id" : " " + id);
   reply.body = Envelope(answered, "acknowledgement", "submit", action, "", "");
   return reply;
 }
@@ -237,9 +246,15 @@ Engine::Reply Engine::ProperDelete(const Request& request) {
 }
 
 std::optional<Engine::Problem> Engine::ProblemOf(const Request& request) const {
+  if (request.bytes.empty()) return Problem{.number = "2002", .text = "The request holds no message."};
+  if (static_cast<std::int64_t>(request.bytes.size()) > options_.largest_message) {
+    return Problem{
+        .number = "2001",
+        .text = "The message is larger than " + std::to_string(options_.largest_message) + " bytes."};
+  }
   if (!request.root) {
-    return Problem{.number = "1001",
-                   .text = "The message is not well formed: " + request.document.ParseError().reason};
+    const std::string reason(TrimXmlSpace(request.document.ParseError().reason));
+    return Problem{.number = "1001", .text = "The message is not well formed: " + reason};
   }
   if (request.root.BaseName() != "GovTalkMessage" || request.root.NamespaceURI() != kEnvelope) {
     return Problem{.number = "1001", .text = "The message is no GovTalk message."};
@@ -249,8 +264,8 @@ std::optional<Engine::Problem> Engine::ProblemOf(const Request& request) const {
   if (!known_function || (request.qualifier != "request" && request.qualifier != "poll")) {
     return Problem{.number = "1001", .text = "Qualifier and Function are none that this gateway serves."};
   }
-  if (std::find(kClasses.begin(), kClasses.end(), KnownClass(request.message_class)) == kClasses.end()) {
-    return Problem{.number = "1001", .text = "The Class is not known."};
+  if (!IsKnownClass(request.message_class)) {
+    return Problem{.number = "1001", .text = "The Class \"" + request.message_class + "\" is not known."};
   }
   return request.Kind() == "submission" ? ProblemOfSubmission(request) : ProblemOfConversation(request);
 }
@@ -262,10 +277,14 @@ std::optional<Engine::Problem> Engine::ProblemOfSubmission(const Request& reques
   const XmlNode identity = Below(request.root, {"Header", "SenderDetails", "IDAuthentication"});
   const std::string sender = TextBelow(identity, {"SenderID"});
   const XmlNode authentication = Below(identity, {"Authentication"});
-  const std::string method = TextBelow(authentication, {"Method"});
+  const std::string method = LowerCase(TextBelow(authentication, {"Method"}));
   const std::string value = TextBelow(authentication, {"Value"});
-  if (!authentication || method.empty() || value.empty()) {
+  const bool with_signature = static_cast<bool>(Below(authentication, {"Signature"}));
+  if (method.empty() || (method == "w3csigned") != with_signature || value.empty() != with_signature) {
     return Problem{.number = "1040", .text = "The authentication method and its value are inconsistent."};
+  }
+  if (with_signature) {
+    return Problem{.number = "1002", .text = "The signature is not recognised: this gateway knows none."};
   }
   if (!options_.user.empty() && (sender != options_.user || value != options_.password)) {
     return Problem{.number = "1046",
@@ -276,8 +295,8 @@ std::optional<Engine::Problem> Engine::ProblemOfSubmission(const Request& reques
 }
 
 std::optional<Engine::Problem> Engine::ProblemOfConversation(const Request& request) const {
-  if (request.correlation_id.empty()) {
-    return Problem{.number = "1035", .text = "The message gives no CorrelationID."};
+  if (request.correlation_id.empty() && request.Kind() == "delete") {
+    return Problem{.number = "1035", .text = "A delete must give a CorrelationID."};
   }
   const auto found = submissions_.find(request.correlation_id);
   if (found == submissions_.end()) {
@@ -289,28 +308,31 @@ std::optional<Engine::Problem> Engine::ProblemOfConversation(const Request& requ
   return std::nullopt;
 }
 
-// What the department finds in the body: the mark, and what its schema says.
-std::vector<Engine::Problem> Engine::ProblemsOfBody(const Request& request) const {
-  std::vector<Problem> problems;
+// What the gateway holds of a message, and what the department finds in its body: the mark, and what the
+// schema says.
+Engine::Submission Engine::Received(const Request& request) const {
+  Submission submission{.message_class = KnownClass(request.message_class),
+                        .mark = MarkOf(request.bytes),
+                        .accepted = LocalTime("%Y-%m-%dT%H:%M:%S")};
   const auto add = [&](const std::string& number, const std::string& text, const std::string& location) {
-    problems.push_back(
+    submission.problems.push_back(
         {.number = number, .type = "business", .text = text, .location = location, .raised_by = "ChRIS"});
   };
   const XmlNode mark = Below(request.body, {"IRheader", "IRmark"});
-  const std::string header = "/hd:GovTalkMessage[1]/hd:Body[1]/rti:IRenvelope[1]/rti:IRheader[1]";
+  const auto location = [&](const std::string& path) { return LocationOf(request.message_class, path); };
   if (!mark) {
-    add("2022", "The IRmark was not found.", header);
-  } else if (mark.Text() != MarkOf(request.bytes)) {
-    add("2021", "The supplied IRmark is incorrect.", header + "/rti:IRmark[1]");
+    add("2022", "The IRmark was not found.", location("IRenvelope/IRheader"));
+  } else if (mark.Text() != submission.mark) {
+    add("2021", "The supplied IRmark is incorrect.", location("IRenvelope/IRheader/IRmark"));
   }
   if (request.body) {
     XmlDocument document;
     document.AppendChild(document.ImportNode(request.body, true));
     if (const std::optional<Problem> problem = SchemaProblem(document, request.body.NamespaceURI())) {
-      add("3001", problem->text, LocationOf("/GovTalkMessage/Body" + problem->location));
+      add("3001", problem->text, location(problem->location));
     }
   }
-  return problems;
+  return submission;
 }
 
 std::optional<Engine::Problem> Engine::SchemaProblem(const XmlDocument& document,
@@ -320,9 +342,10 @@ std::optional<Engine::Problem> Engine::SchemaProblem(const XmlDocument& document
   document.Schemas(schemas);
   if (document.Validate()) return std::nullopt;
   const XmlParseError& error = document.ParseError();
-  return Problem{.number = "1001",
-                 .text = "The document is invalid against its schema: " + error.reason,
-                 .location = error.srcText};
+  return Problem{
+      .number = "1001",
+      .text = "The document is invalid against its schema: " + std::string(TrimXmlSpace(error.reason)),
+      .location = error.srcText};
 }
 
 // The schemas that check a namespace, looked for once; none where the folder has no schema for it.
@@ -355,7 +378,8 @@ std::string Engine::Envelope(const Request& request, const std::string& qualifie
   if (id == "none") id.clear();
   const std::string end_point = option("endpoint", base_ + "/poll");
   const std::string interval = option("interval", std::to_string(options_.poll_interval));
-  const std::string known_class = request.message_class.empty() ? "UndefinedClass" : request.message_class;
+  const std::string known_class =
+      IsKnownClass(request.message_class) ? request.message_class : "UndefinedClass";
   std::string text = std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<GovTalkMessage xmlns=\"") +
                      kEnvelope + "\"><EnvelopeVersion>2.0</EnvelopeVersion><Header><MessageDetails>" +
                      Element("Class", option("class", known_class)) + Element("Qualifier", qualifier) +
@@ -401,7 +425,8 @@ std::string Engine::ErrorResponse(const std::vector<Problem>& problems) const {
 Engine::Reply Engine::Told(const Request& request, const Action& action) {
   const auto reply = [&](const std::string& qualifier, const std::string& function, const std::string& errors,
                          const std::string& body) {
-    return Reply{.answer = "told: " + action.name,
+    const std::string number = action.Option("number");
+    return Reply{.answer = "told: " + action.name + (number.empty() ? "" : " " + number),
                  .body = Envelope(request, qualifier, function, &action, errors, body)};
   };
   if (action.Is("acknowledgement")) {
@@ -410,12 +435,8 @@ Engine::Reply Engine::Told(const Request& request, const Action& action) {
   }
   if (action.Is("response")) {
     const auto found = submissions_.find(request.correlation_id);
-    const Submission held = found == submissions_.end()
-                                ? Submission{.message_class = request.message_class,
-                                             .mark = MarkOf(request.bytes),
-                                             .accepted = LocalTime("%Y-%m-%dT%H:%M:%S")}
-                                : found->second;
-    return reply("response", "submit", "", Receipt(held));
+    return reply("response", "submit", "",
+                 Receipt(found == submissions_.end() ? Received(request) : found->second));
   }
   if (action.Is("response-immediate")) {
     std::string messages;

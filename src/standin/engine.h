@@ -32,7 +32,8 @@ class Engine {
   /// What kind of request the message is, by its qualifier and function.
   static std::string KindOf(const std::string& message);
 
-  /// The answer to a message: the proper one, or what the action says.
+  /// The answer to a message: the proper one, or what the action says; no body for an action that takes no
+  /// notice of the message.
   Reply Answer(const std::string& message, const std::optional<Action>& action);
 
  private:
@@ -41,6 +42,7 @@ class Engine {
   struct Submission;
 
   Reply Proper(const Request& request);
+  Reply Failed(const Request& request, const Problem& problem) const;
   Reply ProperAcknowledgement(const Request& request, const Action* action);
   Reply ProperPoll(const Request& request);
   Reply ProperDelete(const Request& request);
@@ -49,7 +51,7 @@ class Engine {
   std::optional<Problem> ProblemOf(const Request& request) const;
   std::optional<Problem> ProblemOfSubmission(const Request& request) const;
   std::optional<Problem> ProblemOfConversation(const Request& request) const;
-  std::vector<Problem> ProblemsOfBody(const Request& request) const;
+  Submission Received(const Request& request) const;
   std::optional<Problem> SchemaProblem(const XmlDocument& document, const std::string& ns) const;
 
   std::string Envelope(const Request& request, const std::string& qualifier, const std::string& function,

@@ -1,6 +1,8 @@
 #include "zelnor/standin/local_gateway.h"
 
+#include "zelnor/platform/failure.h"
 #include "zelnor/platform/files.h"
+#include "zelnor/platform/text.h"
 #include "zelnor/standin/engine.h"
 #include "zelnor/standin/wire.h"
 
@@ -8,6 +10,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <csignal>
+#include <filesystem>
 #include <mutex>
 #include <set>
 #include <stdexcept>
@@ -19,6 +22,8 @@ namespace zelnor::standin {
 namespace {
 
 constexpr const char* kHost = "127.0.0.1";
+constexpr std::size_t kThreads = 32;
+constexpr time_t kPatience = 60;  // seconds for a client that says nothing
 
 std::string Gzip(const std::string& text) {
   z_stream stream{};
@@ -47,9 +52,9 @@ std::string Encoded(const std::string& text, const std::string& how) {
   };
   if (how == "utf-16") {
     std::string wide = "\xFF\xFE";
-    for (const char c : declared("UTF-16")) {
-      wide += c;
-      wide += '\0';
+    for (const char16_t unit : ToUtf16(declared("UTF-16"))) {
+      wide += static_cast<char>(unit & 0xFF);
+      wide += static_cast<char>(unit >> 8);
     }
     return wide;
   }
@@ -57,6 +62,14 @@ std::string Encoded(const std::string& text, const std::string& how) {
   const std::size_t end = narrow.rfind("</GovTalkMessage>");
   if (end != std::string::npos) narrow.insert(end, "<!--\xE9-->");
   return narrow;
+}
+
+// The path of an address; empty for one without.
+std::string PathOf(const std::string& url) {
+  const std::size_t host = url.find("://");
+  if (host == std::string::npos) return {};
+  const std::size_t path = url.find('/', host + 3);
+  return path == std::string::npos ? std::string() : url.substr(path, url.find_first_of("?#", path) - path);
 }
 
 std::string Quoted(const std::string& path) { return "\"" + path + "\""; }
@@ -69,12 +82,19 @@ class LocalGateway::Server : public httplib::Server {
 
   void Start() {
     SetScenario(options_.scenario);
-    // The library would share the port with whoever has it.
+    if (!options_.schema_folder.empty() && !std::filesystem::is_directory(options_.schema_folder)) {
+      throw std::runtime_error("The folder of the schemas, " + Quoted(options_.schema_folder) +
+                               ", isn't there.");
+    }
+    MakeRecordFolder();
+    if (!options_.certificate.empty() || !options_.key.empty()) ReadCertificate();
+    // A stalled exchange holds a thread; others must go on beside it.
+    new_task_queue = [] { return new httplib::ThreadPool(kThreads); };
+    // The HTTP library would share a port with whoever has it.
     set_socket_options([](socket_t socket) {
       const int yes = 1;
       setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     });
-    if (!options_.certificate.empty() || !options_.key.empty()) ReadCertificate();
     port_ = options_.port == 0 ? bind_to_any_port(kHost) : options_.port;
     if (options_.port != 0 && !bind_to_port(kHost, options_.port)) port_ = -1;
     if (port_ <= 0) {
@@ -82,6 +102,11 @@ class LocalGateway::Server : public httplib::Server {
                                " can't be listened on. Perhaps another program has it; 0 picks a free one.");
     }
     engine_ = std::make_unique<Engine>(options_, Url());
+    Get(".*", [](const httplib::Request&, httplib::Response& response) {
+      response.status = 405;
+      response.set_header("Allow", "POST");
+      response.set_content("This is a local gateway. It takes messages by POST.\n", "text/plain");
+    });
     Post(".*",
          [this](const httplib::Request& request, httplib::Response& response) { Serve(request, response); });
     listening_ = std::thread([this] { listen_after_bind(); });
@@ -124,15 +149,12 @@ class LocalGateway::Server : public httplib::Server {
     sigaddset(&pipe, SIGPIPE);
     pthread_sigmask(SIG_BLOCK, &pipe, nullptr);  // a client that has gone is no reason to end
     if (Admit(socket)) {
+      const timeval patience{.tv_sec = kPatience, .tv_usec = 0};
+      setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
       WireStream stream(socket, context_.get(), stopping_);
       stream_ = &stream;
       bool closed = false;
-      if (stream.Stands()) {
-        process_request(stream, true, closed, [](httplib::Request& request) {
-          // The library would pack each answer for whoever takes it packed.
-          request.headers.erase("Accept-Encoding");
-        });
-      }
+      if (stream.Stands()) process_request(stream, true, closed, PrepareRequest);
       stream_ = nullptr;
     }
     {
@@ -146,9 +168,17 @@ class LocalGateway::Server : public httplib::Server {
 
   bool Admit(int socket) {
     const std::lock_guard lock(mutex_);
-    if (stopping_ || scenario_.TakeNamed("refuse")) return false;
+    if (stopping_ || scenario_.TakeRefusal()) return false;
     sockets_.insert(socket);
     return true;
+  }
+
+  // The HTTP library would pack each answer for whoever takes it packed, and take a body apart, or refuse it,
+  // by its content type. The gateway takes any body as a message.
+  static void PrepareRequest(httplib::Request& request) {
+    request.headers.erase("Accept-Encoding");
+    content_type_ = request.get_header_value("Content-Type");
+    request.headers.erase("Content-Type");
   }
 
   void Serve(const httplib::Request& request, httplib::Response& response) {
@@ -156,22 +186,44 @@ class LocalGateway::Server : public httplib::Server {
     Engine::Reply reply;
     {
       const std::lock_guard lock(mutex_);
-      action = scenario_.Take(Engine::KindOf(request.body));
-      reply = engine_->Answer(request.body, action);
+      action = TakeAction(request);
+      if (!action && !paths_.contains(request.path)) {
+        reply = {.kind = {},
+                 .request = "request to " + request.path,
+                 .answer = "404, not found",
+                 .body = "A message goes to " + Url() + "/submission, a poll to " + Url() + "/poll.\n"};
+        response.set_header("Content-Type", "text/plain");
+      } else {
+        reply = engine_->Answer(request.body, action);
+      }
     }
-    response.status = 200;
+    response.status = reply.kind.empty() ? 404 : 200;
     response.body = reply.body;
-    if (action) Misbehave(*action, request, response, reply);
+    if (action) Misbehave(*action, response, reply);
     if (!response.has_header("Content-Type")) response.set_header("Content-Type", "text/xml; charset=UTF-8");
     Note(request, response, reply);
   }
 
+  // What is told for a request. A client that comes back with the credentials that it was asked for gets the
+  // proper answer.
+  std::optional<Action> TakeAction(const httplib::Request& request) {
+    const bool authorized = request.has_header("Authorization");
+    if (std::exchange(asked_for_credentials_, false) && authorized) return std::nullopt;
+    std::optional<Action> action = scenario_.Take(Engine::KindOf(request.body));
+    if (!action) return action;
+    if (action->Is("unauthorized")) {
+      if (authorized) return std::nullopt;
+      asked_for_credentials_ = true;
+    }
+    for (const char* key : {"endpoint", "location"}) paths_.insert(PathOf(action->Option(key)));
+    return action;
+  }
+
   // What an action does to the proper answer on its way out.
-  void Misbehave(const Action& action, const httplib::Request& request, httplib::Response& response,
-                 Engine::Reply& reply) {
+  void Misbehave(const Action& action, httplib::Response& response, Engine::Reply& reply) {
     const std::string argument = action.Argument();
     std::string& body = response.body;
-    if (action.Is("drop") || action.Is("stall")) {
+    if (action.Is("drop") || action.Is("stall") || action.Is("refuse")) {
       using enum Break::Place;
       const Break::Place place = argument == "header" ? Header : argument == "body" ? Body : Before;
       stream_->BreakAt({.place = place, .stall = action.Is("stall")});
@@ -184,7 +236,6 @@ class LocalGateway::Server : public httplib::Server {
       if (const std::string place = action.Option("location"); !place.empty())
         response.set_header("Location", place);
     } else if (action.Is("unauthorized")) {
-      if (request.has_header("Authorization")) return;
       response.status = 401;
       response.set_header("WWW-Authenticate", "Basic realm=\"gateway\"");
       body.clear();
@@ -213,28 +264,49 @@ class LocalGateway::Server : public httplib::Server {
     } else {
       return;
     }
-    reply.answer = "told: " + action.name + (argument.empty() ? "" : " " + argument);
+    reply.answer = "told: " + action.name;
+    for (const std::string& each : action.arguments) reply.answer += " " + each;
   }
 
   void Note(const httplib::Request& request, const httplib::Response& response, const Engine::Reply& reply) {
     const std::string what = reply.request + " -> " + reply.answer;
+    const std::lock_guard noting(noting_);
     std::size_t number = 0;
     {
       const std::lock_guard lock(mutex_);
       exchanges_.push_back({.path = request.path,
                             .authorization = request.get_header_value("Authorization"),
-                            .content_type = request.get_header_value("Content-Type"),
+                            .content_type = content_type_,
                             .request = request.body,
                             .answer = response.body,
                             .what = what});
       number = exchanges_.size();
     }
     if (options_.log) options_.log(what);
+    Record(number, request.body, response.body);
+  }
+
+  // The files 0001-request.xml and 0001-answer.xml, for their owner alone: a request holds a password.
+  void Record(std::size_t number, const std::string& request, const std::string& answer) const {
     if (options_.record_folder.empty()) return;
     std::string name = std::to_string(number);
     name = options_.record_folder + "/" + std::string(name.size() < 4 ? 4 - name.size() : 0, '0') + name;
-    WriteFile(name + "-request.xml", request.body);
-    WriteFile(name + "-answer.xml", response.body);
+    try {
+      WriteFile(name + "-request.xml", request);
+      WriteFile(name + "-answer.xml", answer);
+    } catch (const RuntimeError& error) {
+      if (options_.log) options_.log("not recorded: " + name + "-...: " + error.Description());
+    }
+  }
+
+  void MakeRecordFolder() const {
+    if (options_.record_folder.empty() || FolderExists(options_.record_folder)) return;
+    try {
+      MakeFolder(options_.record_folder);
+    } catch (const RuntimeError& error) {
+      throw std::runtime_error("The folder " + Quoted(options_.record_folder) +
+                               " can't be made: " + error.Description() + ".");
+    }
   }
 
   void Rest(int milliseconds) {
@@ -262,15 +334,22 @@ class LocalGateway::Server : public httplib::Server {
   std::thread listening_;
   std::atomic<bool> stopping_ = false;
   mutable std::mutex mutex_;
+  std::mutex noting_;  // the log takes one line at a time
   std::mutex resting_;
   std::condition_variable rest_;
   Scenario scenario_;
   std::set<int> sockets_;
+  bool asked_for_credentials_ = false;
+  std::set<std::string> paths_ = {"/submission", "/poll"};  // those, and what a scenario leads a client to
   std::vector<Exchange> exchanges_;
+
+  // Of the connection that a thread serves.
   static thread_local WireStream* stream_;
+  static thread_local std::string content_type_;
 };
 
 thread_local WireStream* LocalGateway::Server::stream_ = nullptr;
+thread_local std::string LocalGateway::Server::content_type_;
 
 LocalGateway::LocalGateway(GatewayOptions options) : server_(std::make_unique<Server>(std::move(options))) {}
 LocalGateway::~LocalGateway() { server_->Stop(); }

@@ -11,6 +11,7 @@
 /// for (const auto& exchange : gateway.exchanges()) std::cout << exchange.what << '\n';
 /// @endcode
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -20,17 +21,23 @@ namespace zelnor::standin {
 
 /// How a gateway is set up.
 struct GatewayOptions {
-  int port = 0;             ///< 0 picks a free one
-  std::string certificate;  ///< PEM files of certificate and key: both or neither; with them it speaks https
-  std::string key;
-  std::string scenario;       ///< the text of a scenario; empty for the proper behaviour
-  std::string record_folder;  ///< a folder for each exchange's request and answer; empty for none
-  std::string user;           ///< whose credentials pass; empty for anybody's
-  std::string password;
-  int poll_interval = 5;      ///< seconds, told to the client
-  int provisional = 1;        ///< polls that are answered provisionally before the final answer
-  std::string schema_folder;  ///< the schemas of envelope and documents; empty for no checks against them
-  std::function<void(const std::string& line)> log;  ///< takes a line for each exchange; may be empty
+  int port = 0;  ///< 0 picks a free one
+  std::string certificate =
+      {};                ///< PEM files of certificate and key: both or neither; with them it speaks https
+  std::string key = {};  ///< see certificate
+  std::string scenario = {};       ///< the text of a scenario; empty for the proper behaviour
+  std::string record_folder = {};  ///< a folder for each exchange's request and answer; empty for none
+  std::string user = {};           ///< whose credentials pass; empty for anybody's
+  std::string password = {};       ///< the user's
+  int poll_interval = 5;           ///< seconds, told to the client
+  int provisional = 1;             ///< polls that are answered provisionally before the final answer
+  std::string schema_folder =
+      {};  ///< the schemas of envelope and documents; empty for no checks against them
+
+  /// Takes a readable line for each exchange, one at a time, in the threads of the gateway; may be empty.
+  std::function<void(const std::string& line)> log = {};
+
+  std::int64_t largest_message = 256LL << 20;  ///< bytes; what is larger is answered with error 2001
 };
 
 /// One request and what it was answered with.

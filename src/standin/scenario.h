@@ -23,6 +23,10 @@ struct Action {
   std::string Argument() const { return arguments.empty() ? std::string() : arguments.front(); }
   std::string Option(const char* key, const std::string& otherwise = {}) const;
   std::vector<std::string> All(const char* key) const;
+
+  /// Whether the gateway deals with the request before it misbehaves: a submission is kept, a poll counts, a
+  /// delete deletes. An action that puts something else in the answer's place takes no notice.
+  bool TakesNotice() const;
 };
 
 /// The actions that are left.
@@ -37,8 +41,8 @@ class Scenario {
   /// there is none.
   std::optional<Action> Take(const std::string& kind);
 
-  /// The next action of all, if it has that name; taken then.
-  bool TakeNamed(const char* name);
+  /// Whether the next action refuses whatever request comes; taken then.
+  bool TakeRefusal();
 
   bool Empty() const { return actions_.empty(); }
 

@@ -26,7 +26,10 @@ class WireStream : public httplib::Stream {
   bool Stands() const { return stands_; }
 
   /// How the answer to come breaks off.
-  void BreakAt(Break where) { break_ = where; }
+  void BreakAt(Break where) {
+    break_ = where;
+    header_written_ = false;  // what went out so far, such as "100 Continue", is none of the answer's
+  }
 
   bool is_readable() const override { return true; }
   bool is_writable() const override { return true; }
