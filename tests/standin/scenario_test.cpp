@@ -136,6 +136,20 @@ TEST(ScenarioText, EachActionIsKnown) {
   }
 }
 
+TEST(ScenarioText, TheGuidesExampleIsUnderstood) {
+  std::ifstream file(ZELNOR_SOURCE_DIR "/docs/guide/local-gateway.md");
+  const std::string guide{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::size_t begin = guide.find("# A busy gateway");
+  ASSERT_NE(begin, std::string::npos);
+  Scenario scenario(guide.substr(begin, guide.find("```", begin) - begin));
+  EXPECT_EQ(Next(scenario, "submission"), "drop");
+  EXPECT_EQ(Next(scenario, "poll"), "status");
+  EXPECT_EQ(Next(scenario, "submission"), "acknowledgement");
+  EXPECT_EQ(Next(scenario, "poll"), "status");
+  EXPECT_EQ(scenario.Take("poll")->All("error").size(), 2U);
+  EXPECT_TRUE(scenario.Empty());
+}
+
 TEST(ScenarioText, AMistakeIsToldWithItsLine) {
   EXPECT_EQ(Refusal("proper\n# why\nprober\n"), "The scenario, line 3: \"prober\" is no action.");
   EXPECT_EQ(Refusal("answer: proper"),
