@@ -137,6 +137,10 @@ void PutDigits(char* at, int number, int count) {
   }
 }
 
+constexpr std::array<std::string_view, 12> kMonthNames = {"January",   "February", "March",    "April",
+                                                          "May",       "June",     "July",     "August",
+                                                          "September", "October",  "November", "December"};
+
 /// "yyyy-mm-dd", in which documents carry every date.
 String IsoDay(const DateParts& parts) {
   String text = "0000-00-00";
@@ -206,6 +210,12 @@ String Format(Date value, std::string_view pattern) {
         behind_hours = false;
         continue;
       case 'm':
+        if (run(4)) {
+          text += kMonthNames[static_cast<std::size_t>(parts.month) - 1];
+          at += 4;
+          behind_hours = false;
+          continue;
+        }
         AppendNumber(text, behind_hours ? parts.minute : parts.month, pair);
         break;
       case 'd':

@@ -19,8 +19,8 @@ ZELNOR_API String Format(double value, std::string_view pattern);
 ZELNOR_API String Format(std::int64_t value, std::string_view pattern);
 inline String Format(int value, std::string_view pattern) { return Format(std::int64_t{value}, pattern); }
 
-/// A date by a pattern of `yyyy`, `yy`, `mm`, `m`, `dd`, `d`, `hh`, `h`, `nn`, `n`, `ss` and `s` in any case;
-/// `mm` right behind the hours is minutes; all other characters stand for themselves.
+/// A date by a pattern of `yyyy`, `yy`, `mmmm` (the name), `mm`, `m`, `dd`, `d`, `hh`, `h`, `nn`, `n`, `ss`
+/// and `s` in any case; `mm` right behind the hours is minutes; all other characters stand for themselves.
 ZELNOR_API String Format(Date value, std::string_view pattern);
 
 }  // namespace zelnor

@@ -159,5 +159,12 @@ TEST(Format, WritesTheOutermostDates) {
   EXPECT_EQ(Format(Date::FromParts(2000, 12, 31), "yy d m"), "00 31 12");
 }
 
+TEST(FormatDate, FourLettersAreTheMonthsName) {
+  EXPECT_EQ(Format(Date::FromParts(2025, 3, 6), "d mmmm yyyy"), "6 March 2025");
+  EXPECT_EQ(Format(Date::FromParts(2025, 12, 31), "mmmm"), "December");
+  EXPECT_EQ(Format(Date::FromParts(2025, 3, 6).WithTimeOf(Date::FromTime(9, 5, 0)), "h:mm d mmmm"),
+            "9:05 6 March");
+}
+
 }  // namespace
 }  // namespace zelnor
