@@ -27,13 +27,15 @@ Date Day(int year, int month, int day) { return Date::FromParts(year, month, day
 
 String CotaxRefOf(clsSectionEPS& eps) {
   const clsEmployerReferences& references = Required(eps.Employer_References());
-  return references.SAUTROrCOTAXRefType() == etaxEmpRefTaxRef::etxUseUTR ? String() : references.SAUTROrCOTAXRef();
+  return references.SAUTROrCOTAXRefType() == etaxEmpRefTaxRef::etxUseUTR ? String()
+                                                                         : references.SAUTROrCOTAXRef();
 }
 
 }  // namespace
 
 vlsPaymentForPeriodValidator::vlsPaymentForPeriodValidator()
-    : Validator({"vlsPaymentForPeriodValidator", "PaymentForPeriodValidationErrors", "Payment For Period", false}) {}
+    : Validator({"vlsPaymentForPeriodValidator", "PaymentForPeriodValidationErrors", "Payment For Period",
+                 false}) {}
 
 bool vlsPaymentForPeriodValidator::ValidateEPS(clsSectionEPS& objEPS) {
   bool result = true;
@@ -51,20 +53,24 @@ bool vlsPaymentForPeriodValidator::ValidateEPS(clsSectionEPS& objEPS) {
 bool vlsPaymentForPeriodValidator::ValidateObjects(clsSectionEPS& objEPS) {
   static constexpr Rule kRule{.key = "EPSContent", .field = "EPS Contents", .code = "EPSACC1.3.2"};
   return Check(kRule, "EPSObjects", [&](Finding& found) {
-    const bool holds = objEPS.NoPaymentForPeriod() || objEPS.HasPeriodOfInactivity() || objEPS.HasPaymentForPeriod() ||
-                       objEPS.HasAccount() || objEPS.HasEmpAllowanceIndicator() || objEPS.HasApprenticeshipLevy();
+    const bool holds = objEPS.NoPaymentForPeriod() || objEPS.HasPeriodOfInactivity() ||
+                       objEPS.HasPaymentForPeriod() || objEPS.HasAccount() ||
+                       objEPS.HasEmpAllowanceIndicator() || objEPS.HasApprenticeshipLevy();
     if (!holds) {
-      found.Fail("EPSACC1.3.2", "Invalid EPS Content",
-                 "At least one of No Payment For Period, Period of Inactivity, Recoverable Amounts YTD, Account "
-                 "Details, Employment Allowance Indicator, Apprenticeship Levy or Final Submission must be set.");
+      found.Fail(
+          "EPSACC1.3.2", "Invalid EPS Content",
+          "At least one of No Payment For Period, Period of Inactivity, Recoverable Amounts YTD, Account "
+          "Details, Employment Allowance Indicator, Apprenticeship Levy or Final Submission must be set.");
     }
   });
 }
 
 // The test of the end is today a month on, and the 5th of that month.
 bool vlsPaymentForPeriodValidator::ValidateNoPaymentForPeriod(clsSectionEPS& objEPS) {
-  static constexpr Rule kRule{
-      .key = "No Payment for Period", .field = "No Payment for Period", .code = "EPSNP1.0.1", .title = "Invalid Date"};
+  static constexpr Rule kRule{.key = "No Payment for Period",
+                              .field = "No Payment for Period",
+                              .code = "EPSNP1.0.1",
+                              .title = "Invalid Date"};
   if (!objEPS.NoPaymentForPeriod()) return true;
   return Check(kRule, {}, [&](Finding& found) {
     const Date from = objEPS.NoPaymentFrom();
@@ -79,31 +85,36 @@ bool vlsPaymentForPeriodValidator::ValidateNoPaymentForPeriod(clsSectionEPS& obj
       found.value = DayText(date);
       found.Fail(code, "Invalid Date", message);
     };
-    fail(from.IsZero(), "EPSNP1.0.1", "_BlankDateFrom", from, "No Payment Date From must be set with a valid date.");
+    fail(from.IsZero(), "EPSNP1.0.1", "_BlankDateFrom", from,
+         "No Payment Date From must be set with a valid date.");
     fail(to.IsZero(), "EPSNP1.0.2", "_BlankDateTo", to, "No Payment Date To must be set with a valid date.");
     fail(both && from >= today, "EPSNP1.0.3", "_DateFromBeforeSysDate", from,
          "No Payment Date From must be before the current date.");
     fail(both && to >= month_end, "EPSNP1.0.4", "_DateToBeforeTaxMonthEnd", to,
-         "No Payment Date To must be before the end of the current tax month: " + Format(month_end, "dd/mm/yyyy"));
+         "No Payment Date To must be before the end of the current tax month: " +
+             Format(month_end, "dd/mm/yyyy"));
     fail(both && from >= to, "EPSNP1.0.5", "_DateFromAfterDateTo", from,
          "No Payment Date From must be before the No Payment Date To date of " + DayText(to) + ".");
     fail(from.Day() != 6, "EPSNP1.0.6", "_DateFromInvalid", from,
          "No Payment Date From have a day value of the 6th of the month.");
     fail(to.Day() != 5, "EPSNP1.0.7", "_DateToInvalid", to,
          "No Payment Date To have a day value of the 5th of the month");
-    fail(to < Day(kStartYear, 5, 5) || to > Day(kStartYear + 1, 4, 5), "EPSNP1.0.8", "_DateToOutsideTaxYear", to,
+    fail(to < Day(kStartYear, 5, 5) || to > Day(kStartYear + 1, 4, 5), "EPSNP1.0.8", "_DateToOutsideTaxYear",
+         to,
          "No Payment Date To must be between 05/05/" + ToText(Long{kStartYear}) + " and 05/04/" +
              ToText(Long{kStartYear} + 1) + ".");
-    fail(from < Day(kStartYear, 4, 6) || from > Day(kStartYear + 1, 3, 6), "EPSNP1.0.9", "_DateFromOutsideTaxYear",
-         from,
+    fail(from < Day(kStartYear, 4, 6) || from > Day(kStartYear + 1, 3, 6), "EPSNP1.0.9",
+         "_DateFromOutsideTaxYear", from,
          "No Payment Date From must be between 06/04/" + ToText(Long{kStartYear}) + " and 06/03/" +
              ToText(Long{kStartYear} + 1) + ".");
   });
 }
 
 bool vlsPaymentForPeriodValidator::ValidatePeriodOfInactivity(clsSectionEPS& objEPS) {
-  static constexpr Rule kRule{
-      .key = "PeriodOfInactivity", .field = "Period of Inactivity Date From", .code = "EPSNP1.1.1", .title = "Invalid Date"};
+  static constexpr Rule kRule{.key = "PeriodOfInactivity",
+                              .field = "Period of Inactivity Date From",
+                              .code = "EPSNP1.1.1",
+                              .title = "Invalid Date"};
   const Date from = objEPS.DateInactiveFrom();
   const Date to = objEPS.DateInactiveTo();
   if (from.IsZero() && to.IsZero()) return true;
@@ -116,8 +127,8 @@ bool vlsPaymentForPeriodValidator::ValidatePeriodOfInactivity(clsSectionEPS& obj
     }
     if (both && from >= to) {
       found.Fail("EPSNP1.1.5", kTitle,
-                 "Period of Inactivity From must be before the Period of Inactivity Date To date of " + DayText(to) +
-                     ".");
+                 "Period of Inactivity From must be before the Period of Inactivity Date To date of " +
+                     DayText(to) + ".");
     }
     found.At("PeriodOfInactivity", "Period of Inactivity Date To");
     found.value = DayText(to);
@@ -157,7 +168,8 @@ bool vlsPaymentForPeriodValidator::ValidatePaymentForPeriod(clsSectionEPS& objEP
 }
 
 bool vlsPaymentForPeriodValidator::ValidateTaxMonth(const String& strTaxMonth, const String& strErrKey) {
-  static constexpr Rule kRule{.key = "Tax Month", .field = "Tax Month", .code = "E14.14.0", .ending = " value. "};
+  static constexpr Rule kRule{
+      .key = "Tax Month", .field = "Tax Month", .code = "E14.14.0", .ending = " value. "};
   return Check(kRule, strErrKey, [&](Finding& found) {
     found.value = strTaxMonth;
     if (strTaxMonth.empty()) return;
@@ -171,13 +183,14 @@ bool vlsPaymentForPeriodValidator::ValidateTaxMonth(const String& strTaxMonth, c
     if (Today() < first || Today() > last) {
       found.Fail("E14.14.2", "Invalid submission",
                  "The entry in Tax Month of " + strTaxMonth +
-                     " is only valid if the submission is made between " + Format(first, "d mmmm yyyy") + " and " +
-                     Format(last, "d mmmm yyyy") + " inclusive. Please check.");
+                     " is only valid if the submission is made between " + Format(first, "d mmmm yyyy") +
+                     " and " + Format(last, "d mmmm yyyy") + " inclusive. Please check.");
     }
   });
 }
 
-bool vlsPaymentForPeriodValidator::ValidateObjectRequiredRule(clsSectionEPS& /*objEPS*/, const String& /*strErrKey*/) {
+bool vlsPaymentForPeriodValidator::ValidateObjectRequiredRule(clsSectionEPS& /*objEPS*/,
+                                                              const String& /*strErrKey*/) {
   return true;
 }
 

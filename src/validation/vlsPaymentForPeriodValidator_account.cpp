@@ -17,14 +17,17 @@ const Pattern kSortCode("^([0-9]{6})$");
 const Pattern kRollNo(R"(^([A-Za-z0-9 &'\(\)\*,\-\./]{1,18})$)");
 
 constexpr const char* kCharacters =
-    " contains invalid characters. Valid characters for this field include A-Z, a-z, 0-9, space, ampersand (&), "
+    " contains invalid characters. Valid characters for this field include A-Z, a-z, 0-9, space, ampersand "
+    "(&), "
     "single quote ('), brackets (()), asterisk (*), comma (,), hyphen (-), backslash (/) and full stop (.).";
 
 bool AllBlank(const clsEPSAccount& account) {
   return account.AccountName().empty() && account.AccountNo().empty() && account.SortCode().empty();
 }
 
-String LengthText(const String& text) { return ToText(Long{static_cast<Long>(Length(text))}) + " characters long."; }
+String LengthText(const String& text) {
+  return ToText(Long{static_cast<Long>(Length(text))}) + " characters long.";
+}
 
 // Each failure of the account has a Source of its own: the base word and the failure's key word.
 auto Under(Finding& found, const char* base, const char* title) {
@@ -58,21 +61,25 @@ bool vlsPaymentForPeriodValidator::ValidateAccountName(clsEPSAccount& objAccount
     const String name = found.value = objAccount.AccountName();
     if (name.empty() && AllBlank(objAccount)) {
       fail("EPSACC1.0.5", "_BlankAccName",
-           "Name of Account Holder (Account Name) must be present as you have selected an account to use in the EPS. "
+           "Name of Account Holder (Account Name) must be present as you have selected an account to use in "
+           "the EPS. "
            "Amend Company Details Bank Details.");
     } else if (name.empty()) {
       fail("EPSACC1.0.1", "_BlankAccName",
-           "Name of Account Holder (Account Name) must be present when Sort Code or Account Number is present. Amend "
+           "Name of Account Holder (Account Name) must be present when Sort Code or Account Number is "
+           "present. Amend "
            "Company Details Bank Details.");
     }
     if (name.empty()) return;
     if (Length(name) > 28) {
       fail("EPSACC1.0.3", "_LongAccName",
-           "Account Name must be between 1 and 28 characters. The Account Name provided is " + LengthText(name));
+           "Account Name must be between 1 and 28 characters. The Account Name provided is " +
+               LengthText(name));
     }
     if (name.starts_with(' ')) {
       fail("EPSACC1.0.4", "_InvalidAccName",
-           "Name of Account Holder (Account Name) cannot begin with a space. Amend Company Details Bank Details.");
+           "Name of Account Holder (Account Name) cannot begin with a space. Amend Company Details Bank "
+           "Details.");
     }
     if (!ValidatePattern(name, kName)) {
       fail("EPSACC1.0.2", "_InvalidAccName", String("Account Name") + kCharacters);
@@ -87,11 +94,13 @@ bool vlsPaymentForPeriodValidator::ValidateAccountNo(clsEPSAccount& objAccount, 
     const String number = found.value = objAccount.AccountNo();
     if (number.empty() && AllBlank(objAccount)) {
       fail("EPSACC1.1.4", "_MissingAccNumber",
-           "Account Number must be present as you have selected an account to use in the EPS. Amend Company Details "
+           "Account Number must be present as you have selected an account to use in the EPS. Amend Company "
+           "Details "
            "Bank Details.");
     } else if (number.empty()) {
       fail("EPSACC1.1.1", "_BlankAccNumber",
-           "Account Number must be present when Sort Code or Name of Account Holder is present. Amend Company Details "
+           "Account Number must be present when Sort Code or Name of Account Holder is present. Amend "
+           "Company Details "
            "Bank Details.");
     } else if (!ValidatePattern(number, kNumber)) {
       if (Length(number) != 8) {
@@ -106,8 +115,10 @@ bool vlsPaymentForPeriodValidator::ValidateAccountNo(clsEPSAccount& objAccount, 
 }
 
 // A sort code of eight characters is told of its characters, one of any other length of its length.
-bool vlsPaymentForPeriodValidator::ValidateAccountSortCode(clsEPSAccount& objAccount, const String& strErrKey) {
-  static constexpr Rule kRule{.key = "Account Sort Code", .field = "Account Sort Code", .code = "EPSACC1.2.1"};
+bool vlsPaymentForPeriodValidator::ValidateAccountSortCode(clsEPSAccount& objAccount,
+                                                           const String& strErrKey) {
+  static constexpr Rule kRule{
+      .key = "Account Sort Code", .field = "Account Sort Code", .code = "EPSACC1.2.1"};
   return Check(kRule, strErrKey, [&](Finding& found) {
     constexpr const char* kBase = "Account Sort Code";
     constexpr const char* kTitle = "Invalid Account Sort Code";
@@ -116,11 +127,13 @@ bool vlsPaymentForPeriodValidator::ValidateAccountSortCode(clsEPSAccount& objAcc
     if (code.empty() && AllBlank(objAccount)) {
       found.At(String(kBase) + "_MissingAccSortCode", "Sort Code");
       found.Fail("EPSACC1.2.4", kTitle,
-                 "Sort Code must be present as you have selected an account to use in the EPS. Amend Company Details "
+                 "Sort Code must be present as you have selected an account to use in the EPS. Amend Company "
+                 "Details "
                  "Bank Details.");
     } else if (code.empty()) {
       fail("EPSACC1.2.1", "_BlankAccSortCode",
-           "Sort Code must be present when Account Number or Name of Account Holder is present. Amend Company Details "
+           "Sort Code must be present when Account Number or Name of Account Holder is present. Amend "
+           "Company Details "
            "Bank Details.");
     } else if (!ValidatePattern(code, kSortCode)) {
       if (Length(code) != 8) {
@@ -145,15 +158,18 @@ bool vlsPaymentForPeriodValidator::ValidateAccountRollNo(clsEPSAccount& objAccou
     if (number.empty()) return;
     if (Length(number) > 18) {
       fail("EPSACC1.3.2", "_LongAccRollNo",
-           "Account Building Society Reference must be between 1 and 18 characters. The Account Building Society "
+           "Account Building Society Reference must be between 1 and 18 characters. The Account Building "
+           "Society "
            "Reference provided is " +
                LengthText(number));
     }
     if (number.starts_with(' ')) {
-      fail("EPSACC1.0.4", "_InvalidAccRollNo",
-           "Building Society reference number cannot begin with a space. Amend Company Details Bank Details.");
+      fail(
+          "EPSACC1.0.4", "_InvalidAccRollNo",
+          "Building Society reference number cannot begin with a space. Amend Company Details Bank Details.");
     }
-    if (!ValidatePattern(number, kRollNo)) fail("EPSACC1.3.1", "_InvalidAccRollNo", String(kBase) + kCharacters);
+    if (!ValidatePattern(number, kRollNo))
+      fail("EPSACC1.3.1", "_InvalidAccRollNo", String(kBase) + kCharacters);
   });
 }
 

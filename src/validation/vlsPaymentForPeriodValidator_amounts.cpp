@@ -123,7 +123,8 @@ bool vlsPaymentForPeriodValidator::ValidateAppLevyLevyDueYTD(Currency curValue, 
   return ValidateCurrencyRange(curValue, kNothing, Currency(99'999'999), strErrKey, kRule, "E14.3.0");
 }
 
-bool vlsPaymentForPeriodValidator::ValidateAppLevyAnnualAllowance(Currency curValue, const String& strErrKey) {
+bool vlsPaymentForPeriodValidator::ValidateAppLevyAnnualAllowance(Currency curValue,
+                                                                  const String& strErrKey) {
   static constexpr Rule kRule = AmountRule("AnnualAllce", "E14.3.0");
   return ValidateCurrencyRange(curValue, kNothing, Currency(15'000), strErrKey, kRule, "E14.3.0");
 }
