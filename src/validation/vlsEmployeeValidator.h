@@ -9,28 +9,154 @@
 namespace zelnor {
 
 class clsEmployee;
+class clsEmployment;
 
-/// The rules of the employees. This version has none yet, and finds every employee valid.
+/// The rules of the employees of an FPS, EAS, EYU or NVR.
+///
+/// @code
+/// vlsEmployeeValidator validator;
+/// validator.events.ProgressChanged.connect([&] { std::cout << validator.Progress() << " %\n"; });
+/// if (!validator.ValidateEmployees(fps->Employees(), eRTISUBMISSIONTYPE::IsFPS, fps->TaxYear())) {
+///   std::cout << validator.GetAsXML().Xml() << "\n";
+/// }
+/// @endcode
+///
+/// Each operation can be called by itself and adds to the records that are there; it takes the path to the
+/// employee as `strErrKey`, empty for none. No employee gives a record of the rule that could not run. With
+/// `blnRaiseErrors` False a rule makes no records, and its result is the same. An operation that calls
+/// several rules skips a record that is marked as checked, and marks the one that it has checked with the
+/// result.
 class ZELNOR_API vlsEmployeeValidator : public Validator {
  public:
   vlsEmployeeValidator()
       : Validator({"vlsEmployeeValidator", "EmployeeValidationErrors", "Employee", false}) {}
 
-  /// Whether all employees pass. The tax year is empty for documents without one.
-  bool ValidateEmployees(const CollectionRef<clsEmployee>& colEmployees, eRTISUBMISSIONTYPE /*eniType*/,
-                         const String& /*strCurrentTaxYear*/) {
-    employees_checked_ = colEmployees ? colEmployees->Count() : 0;
-    return IsValid();
-  }
+  // --- The walk over the employees ---
+
+  /// Whether all employees pass. Records of earlier runs are dropped, and the counters begin at 0. An
+  /// employee who is marked as checked is passed over, and counts in nothing.
+  ///
+  /// Where the limit is reached, MaxErrorsHit is raised before the next employee and the walk ends.
+  /// ProgressChanged is raised after each employee. A run-time error ends the walk with one record and False;
+  /// so does no collection, without a record.
+  ///
+  /// @param eniType the document; in an NVR only who the employees are is checked
+  /// @param strCurrentTaxYear such as "25-26"; empty for documents without one
+  bool ValidateEmployees(const CollectionRef<clsEmployee>& colEmployees, eRTISUBMISSIONTYPE eniType,
+                         const String& strCurrentTaxYear);
+
+  /// Always False.
+  bool ECONRequired() const { return false; }
 
   /// The numbers of employees that the last run looked at, and of those that passed and failed.
   ///@{
   Long EmployeesChecked() const { return employees_checked_; }
-  Long ValidEmployees() const { return employees_checked_; }
-  Long InvalidEmployees() const { return 0; }
+  Long ValidEmployees() const { return valid_employees_; }
+  Long InvalidEmployees() const { return invalid_employees_; }
   ///@}
 
+  /// How far the run is, in per cent.
+  Long Progress() const { return Percentage(progress_done_, progress_total_); }
+
+  /// Whether each character of a text occurs, in any case, among the allowed ones. A failure is shown in the
+  /// host's message box and gives False.
+  bool ValidateString(const String& strToValidate, const String& strAllowedChars) const;
+
+  // --- Who the employee is ---
+
+  /// Name, address, NINO, birth date, gender and passport. A run-time error makes a record that names no
+  /// employee and gives False; so it does in ValidateEmployeeAddress and ValidateEmployeePartnerDetails.
+  bool ValidateEmployeeDetails(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The four rules of the name. A run-time error makes a record and gives False.
+  bool ValidateEmployeeContact(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The address, where one is held: its lines, then the country or, without one, the postcode.
+  bool ValidateEmployeeAddress(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The partner's name and NINO, where a partner is held.
+  bool ValidateEmployeePartnerDetails(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The surname: 1 to 35 letters, blanks, hyphens and apostrophes, a letter first (E4.1).
+  bool ValidateSurname(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                       const String& strErrKey = {});
+
+  /// The forename: the same. One that is too long is said to be missing (E4.2).
+  bool ValidateForename(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                        const String& strErrKey = {});
+
+  /// The second forename: the same, or empty (E4.3).
+  bool ValidateForename1(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                         const String& strErrKey = {});
+
+  /// The title: the same, or empty (E4.5).
+  bool ValidateTitle(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                     const String& strErrKey = {});
+
+  /// The lines of the address: of allowed characters, the first filled in, and some line where there is a
+  /// postcode (E4.6, E11.4).
+  bool ValidateAddressLines(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                            const String& strErrKey = {});
+
+  /// The postcode: of a known form, and present where a line is (E4.7).
+  bool ValidatePostcode(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                        const String& strErrKey = {});
+
+  /// The country of an address abroad: 1 to 35 allowed characters, without a postcode, and with at least two
+  /// lines (E4.7, E4.8).
+  bool ValidateForeignCountry(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The NINO: empty, or a known prefix, six digits and one of A to D and blank (E4.9). One of 8 characters
+  /// gets a blank behind it in the record.
+  bool ValidateEmployeeNINO(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                            const String& strErrKey = {});
+
+  /// The birth date: present unless the payment is to a non-individual, not after today, and at most 130
+  /// years back (E4.10).
+  bool ValidateEmployeeDateOfBirth(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors = true,
+                                   const String& strErrKey = {});
+
+  /// The gender, which is always one (E4.11).
+  bool ValidateEmployeeGender(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The passport number: empty, or at most 35 allowed characters (E4.12).
+  bool ValidateEmployeePassportNo(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The partner's surname: as the employee's (E4.13.2).
+  bool ValidatePartnerSurname(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The partner's forename: as the employee's, or empty (E4.13.3).
+  bool ValidatePartnerForename(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The partner's second forename, which may be anything: its pattern matches in every text (E4.13.4).
+  bool ValidatePartnerForename1(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+  /// The partner's NINO: as the employee's, but looked at only where it has 9 characters (E4.13.1).
+  bool ValidatePartnerNINO(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
+
+ protected:
+  // --- Who the employee is: rules that others end in ---
+
+  /// A country wants two lines of address (E4.7.3).
+  bool ValidateAddressCountryRule(const Ref<clsEmployee>& objEmployee, const String& strErrKey);
+
+  /// A line of address wants a postcode (E4.7.3).
+  bool ValidateAddressPostcodeRule(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors,
+                                   const String& strErrKey);
+
+  /// Without a NINO there are two lines of address (E16.1).
+  bool ValidateAddressNINORule(const Ref<clsEmployee>& objEmployee, const String& strErrKey);
+
+  /// A start date wants two lines of address that aren't blank (E16.2). No walk calls it.
+  bool ValidateAddressStartDateRule(const Ref<clsEmployee>& objEmployee,
+                                    const Ref<clsEmployment>& objEmployment, const String& strErrKey);
+
+  /// A partner has a surname and a forename (E4.13.2, E4.13.3).
+  bool ValidatePartnerNameRule(const Ref<clsEmployee>& objEmployee, const String& strErrKey);
+
  private:
+  // --- The frame of the employees' rules ---
+
   /// Runs a rule on a field of an employee, whom its records then name; see Validator::Check.
   template <class Body>
   bool CheckOf(const Ref<clsEmployee>& objEmployee, const Rule& rule, std::string_view prefix, Body&& body,
@@ -43,7 +169,33 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
   Concerned ConcernedBy(const ErrorRecord& record) const override;
 
   Ref<clsEmployee> concerned_;
+
+  // --- The walk over the employees ---
+
+  /// Runs an operation that calls several rules: `body` gives its result, a run-time error one record, which
+  /// names no employee, and False. The key is read only then.
+  template <class Body>
+  bool Walk(const String& key, Body&& body);
+
+  bool ValidateEmployee(const Ref<clsEmployee>& objEmployee, eRTISUBMISSIONTYPE eniType, const String& key);
+  bool ValidateEmployments(const Ref<clsEmployee>& objEmployee, eRTISUBMISSIONTYPE eniType,
+                           const String& key);
+  static String BuildEmployeeKey(const clsEmployee& employee);
+
+  String current_tax_year_;
   Long employees_checked_ = 0;
+  Long valid_employees_ = 0;
+  Long invalid_employees_ = 0;
+  Long progress_total_ = 100;
+  Long progress_done_ = 0;
+
+  // --- Who the employee is ---
+
+  bool BeginsWithLetter(const String& text) const;
+  bool IsValidPostcode(const String& text) const;
+
+  /// "N" for each digit and "A" for any other character; nothing for a blank.
+  static String PostcodeMask(const String& text);
 };
 
 }  // namespace zelnor

@@ -1,5 +1,5 @@
-// Documents that no application should write and some do: what the reader makes of them, what it says, and what
-// is written from it.
+// Documents that no application should write and some do: what the reader makes of them, what it says, and
+// what is written from it.
 
 #include "zelnor/documents/clsApprenticeshipLevy.h"
 #include "zelnor/documents/clsEmployee.h"

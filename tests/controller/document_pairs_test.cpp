@@ -48,8 +48,7 @@ String Verdict(const String& schemas, const String& text) {
   const XmlDocument document;
   document.Schemas(collection);
   EXPECT_TRUE(document.LoadXML(text));
-  return document.Validate() ? String()
-                             : document.ParseError().srcText + ": " + document.ParseError().reason;
+  return document.Validate() ? String() : document.ParseError().srcText + ": " + document.ParseError().reason;
 }
 
 class DocumentPairTest : public ControllerTest, public testing::WithParamInterface<String> {};
@@ -86,15 +85,14 @@ TEST(DocumentPairs, AreThereForEachTypeInFullAndWithTheLeast) {
   }
 }
 
-// A document without a principal is written with an empty Principal, in which the reader sees a contact without
-// a name. That is the one thing that the second writing may add.
+// A document without a principal is written with an empty Principal, in which the reader sees a contact
+// without a name. That is the one thing that the second writing may add.
 String WithTheContactOfAnEmptyPrincipal(String text) {
   const String empty = "<Principal></Principal>";
   const std::size_t at = text.find(empty);
   if (at == String::npos) return text;
-  return text.replace(
-      at, empty.size(),
-      "<Principal><Contact><Name><Fore></Fore><Sur></Sur></Name></Contact></Principal>");
+  return text.replace(at, empty.size(),
+                      "<Principal><Contact><Name><Fore></Fore><Sur></Sur></Name></Contact></Principal>");
 }
 
 class PublishedSamplesTest : public ControllerTest {};
