@@ -163,8 +163,11 @@ vlsEmployeeValidator::YearDates vlsEmployeeValidator::TaxYearDates() const {
 bool vlsEmployeeValidator::ValidateWeekOrMonthNumber(const Ref<clsEmployee>& objEmployee,
                                                      const Ref<clsEmployment>& objEmployment,
                                                      const String& strErrKey) {
-  static constexpr Rule kRule{
-      .key = "WeekOrMonthNo", .field = "Month No", .code = "E7.3.0", .what = "the Week Number. ", .processing_field = "Month No"};
+  static constexpr Rule kRule{.key = "WeekOrMonthNo",
+                              .field = "Month No",
+                              .code = "E7.3.0",
+                              .what = "the Week Number. ",
+                              .processing_field = "Month No"};
   static constexpr std::string_view kNeither = "Week Number or Month number must be set";
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const Ref<clsPayment> payment = PaymentOf(objEmployment);
