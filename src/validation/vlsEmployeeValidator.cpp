@@ -84,7 +84,7 @@ bool vlsEmployeeValidator::ValidateEmployee(const Ref<clsEmployee>& objEmployee,
   bool passed = ValidateEmployeeDetails(objEmployee, key);
   if (!TellsOfEmployments(eniType)) return passed;
   if (DetailsOf(objEmployee).HasPartnerDetails()) passed &= ValidateEmployeePartnerDetails(objEmployee, key);
-  passed &= ValidateEmployments(objEmployee, eniType, key);
+  passed &= ValidateEmployment(objEmployee, eniType, key);
   return passed;
 }
 

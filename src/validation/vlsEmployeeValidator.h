@@ -10,6 +10,7 @@ namespace zelnor {
 
 class clsEmployee;
 class clsEmployment;
+struct MoneyRow;
 
 /// The rules of the employees of an FPS, EAS, EYU or NVR.
 ///
@@ -134,6 +135,173 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
   /// The partner's NINO: as the employee's, but looked at only where it has 9 characters (E4.13.1).
   bool ValidatePartnerNINO(const Ref<clsEmployee>& objEmployee, const String& strErrKey = {});
 
+  // --- Employment, starter and payment ---
+  // A record that isn't there gives a processing error.
+
+  /// All employments of an employee: at least one; each, unless it is marked as checked, by the rules that
+  /// the type of document asks for, and then marked with the result. The key of each is the key, "_E" and its
+  /// payroll ID. A failure outside the rules makes a record (FAIL_EMPLOYMENT).
+  bool ValidateEmployment(const Ref<clsEmployee>& objEmployee, eRTISUBMISSIONTYPE eniType,
+                          const String& strKey = {});
+
+  /// The payroll ID: at most 35 characters, the first no blank; or empty (E6.1).
+  bool ValidatePayrollID(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                         const String& strErrKey = {});
+
+  /// The former payroll ID, likewise, where a record of a change is held and not marked as checked (E6.4).
+  bool ValidateChangedPayrollID(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                const String& strErrKey = {});
+
+  /// The leaving date: at most 30 days ahead and within the last six tax years; present where the payment is
+  /// one after leaving (E6.3, E16.4).
+  bool ValidateLeaverDate(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                          const String& strErrKey = {});
+
+  /// A partner and shared parental pay: see ValidatePartnerShPPRule.
+  bool ValidatePartnerDetails(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                              const String& strErrKey = {});
+
+  /// A partner comes with shared parental pay other than zero (E16.3).
+  bool ValidatePartnerShPPRule(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                               const String& strErrKey = {});
+
+  /// The starter record, unless it is marked as checked: one that says anything at all; date and declaration
+  /// of one that says who starts; pension and secondment where held.
+  bool ValidateStarterDetails(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                              const String& strErrKey = {});
+
+  /// The start date: present, at most 30 days ahead, and with an address of two lines (E11.1, E4.6.3).
+  bool ValidateStarterDate(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                           const String& strErrKey = {});
+
+  /// A start date comes with a declaration, a secondment's length or an occupational pension (E11.1.2).
+  bool ValidateStarterDeclarationRule(const Ref<clsEmployee>& objEmployee,
+                                      const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// A starter record says something (E11.1.2).
+  bool ValidateStarterInfoEmptyGroup(const Ref<clsEmployee>& objEmployee,
+                                     const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// The occupational pension: 0.00 to 999999999.99, and only with the employment's indicator (E11.6).
+  bool ValidateOccPensionAmount(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                const String& strErrKey = {});
+
+  /// The payment, unless it is marked as checked: in an FPS all of it, in other documents the tax code.
+  bool ValidatePayment(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       const String& strErrKey, eRTISUBMISSIONTYPE eniType);
+
+  /// The BACS hash code: 64 hexadecimal digits in small letters; or empty (E7.0, E7.11.2).
+  bool ValidateBacsHashCode(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                            const String& strErrKey = {});
+
+  /// The pay frequency: a member of its enumeration other than Undisclosed (E7.1).
+  bool ValidatePayFrequency(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                            const String& strErrKey = {});
+
+  /// The payment date: present, and within the tax year where that is known (E7.2).
+  bool ValidatePaymentDate(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                           const String& strErrKey = {});
+
+  /// Week or month: one of the two; months to 12, weeks to 54 and 56; at most 99 periods covered (E7.3,
+  /// E7.4).
+  bool ValidateWeekOrMonthNumber(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                 const String& strErrKey = {});
+
+  /// The periods covered: 1 to 99 (E7.5). Called by no walk.
+  bool ValidatePeriodsCovered(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                              const String& strErrKey = {});
+
+  /// The band of weekly hours: a member of its enumeration other than Undisclosed (E7.8).
+  bool ValidateHoursWorked(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                           const String& strErrKey = {});
+
+  /// The tax code, unless it is marked as checked: a text that begins with, holds or ends in a tax code
+  /// (E7.9).
+  bool ValidateTaxCode(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       const String& strErrKey = {});
+
+  /// Taxable pay: -999999999.99 to 999999999.99 (E7.10).
+  bool ValidateTaxablePay(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                          const String& strErrKey = {});
+
+  /// Pay free of tax and NIC: -999999999.99 to 999999999.99 (E7.11).
+  bool ValidateNonTaxNonNIPayment(const Ref<clsEmployee>& objEmployee,
+                                  const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// Deductions from net pay: -999999999.99 to 999999999.99 (E7.12).
+  bool ValidateDednsFromNetPayPayment(const Ref<clsEmployee>& objEmployee,
+                                      const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// Pay after statutory deductions: -999999999.99 to 999999999.99 (E7.13).
+  bool ValidatePayPostStatDednsPayment(const Ref<clsEmployee>& objEmployee,
+                                       const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// Benefits taxed via the payroll: -999999999.99 to 999999999.99 (E7.14).
+  bool ValidateBenefitsTaxedViaPay(const Ref<clsEmployee>& objEmployee,
+                                   const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// Pension contributions paid: -999999999.99 to 999999999.99 (E7.17).
+  bool ValidateEmpeePensionCtbns(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                 const String& strErrKey = {});
+
+  /// Items subject to Class 1 NIC alone: -999999999.99 to 999999999.99 (E7.18).
+  bool ValidateItemsSubjToC1NIC(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                const String& strErrKey = {});
+
+  /// Pension contributions not paid: -999999999.99 to 999999999.99 (E7.19).
+  bool ValidateEmpeePensionCtbnsNotPaid(const Ref<clsEmployee>& objEmployee,
+                                        const Ref<clsEmployment>& objEmployment,
+                                        const String& strErrKey = {});
+
+  /// The student loan deduction: -99999 to 99999, in whole pounds (E7.20).
+  bool ValidateStudentLoansRecovered(const Ref<clsEmployee>& objEmployee,
+                                     const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// The postgraduate loan deduction: -99999 to 99999, in whole pounds (E7.20).
+  bool ValidatePostgradLoansRecovered(const Ref<clsEmployee>& objEmployee,
+                                      const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// Tax: -9999999999.99 to 999999999.99 (E7.21).
+  bool ValidateTaxDeductedOrRefunded(const Ref<clsEmployee>& objEmployee,
+                                     const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// Statutory sick pay to date: 0 to 9999.99; called by no walk (E7.22).
+  bool ValidateSSPYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                      const String& strErrKey = {});
+
+  /// Statutory maternity pay to date: 0 to 999999.99, in an EYU from -999999.99 on (E7.23).
+  bool ValidateSMPYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                      eRTISUBMISSIONTYPE eniType, const String& strErrKey = {});
+
+  /// Statutory paternity pay to date: 0 to 999999.99 (E7.24).
+  bool ValidateSPPYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                      const String& strErrKey = {});
+
+  /// Statutory adoption pay to date: as SMPYTD (E7.25).
+  bool ValidateSAPYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                      eRTISUBMISSIONTYPE eniType, const String& strErrKey = {});
+
+  /// Statutory parental bereavement pay to date: as SMPYTD (E7.28).
+  bool ValidateSPBPYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       eRTISUBMISSIONTYPE eniType, const String& strErrKey = {});
+
+  /// Statutory neonatal care pay to date: 0 to 999999.99; called by no walk (E7.29).
+  bool ValidateSNCPYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       const String& strErrKey = {});
+
+  /// Statutory shared parental pay to date: 0 to 999999.99 (E7.26).
+  bool ValidateShPPYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       const String& strErrKey = {});
+
+  /// Class 1A NIC on a termination award: 0 to 999999999.99, in an EYU any (E7.23).
+  bool ValidateC1ANICTermiation(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                eRTISUBMISSIONTYPE eniType, const String& strErrKey = {});
+
+  /// The same to date: likewise (E7.23).
+  bool ValidateC1ANICTermiationYTD(const Ref<clsEmployee>& objEmployee,
+                                   const Ref<clsEmployment>& objEmployment, eRTISUBMISSIONTYPE eniType,
+                                   const String& strErrKey = {});
+
  protected:
   // --- Who the employee is: rules that others end in ---
 
@@ -178,8 +346,6 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
   bool Walk(const String& key, Body&& body);
 
   bool ValidateEmployee(const Ref<clsEmployee>& objEmployee, eRTISUBMISSIONTYPE eniType, const String& key);
-  bool ValidateEmployments(const Ref<clsEmployee>& objEmployee, eRTISUBMISSIONTYPE eniType,
-                           const String& key);
   static String BuildEmployeeKey(const clsEmployee& employee);
 
   String current_tax_year_;
@@ -196,6 +362,38 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
 
   /// "N" for each digit and "A" for any other character; nothing for a blank.
   static String PostcodeMask(const String& text);
+
+  // --- Employment, starter and payment ---
+
+  /// First and last day of a tax year; both zero where the tax year is not known.
+  struct YearDates {
+    Date start;
+    Date end;
+  };
+
+  bool ValidateOneEmployment(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                             eRTISUBMISSIONTYPE eniType, const String& strErrKey);
+  bool ValidatePaymentOfFPS(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                            const String& strErrKey, eRTISUBMISSIONTYPE eniType);
+  bool CheckMoney(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                  const MoneyRow& row, const String& strErrKey);
+
+  /// The dates of the tax year that the documents at hand are of.
+  YearDates TaxYearDates() const;
+
+  // The rules of other families that these walks call: vlsEmployeeValidator_payment_links.cpp.
+  bool ValidateFiguresOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                         eRTISUBMISSIONTYPE eniType, const String& strErrKey);
+  bool ValidateNIOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                    eRTISUBMISSIONTYPE eniType, const String& strErrKey);
+  bool ValidateDirectorOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                          eRTISUBMISSIONTYPE eniType, const String& strErrKey);
+  bool ValidateSecondmentOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                            const String& strErrKey);
+  bool ValidateTrivialCommutationOf(const Ref<clsEmployee>& objEmployee,
+                                    const Ref<clsEmployment>& objEmployment, const String& strErrKey);
+  bool ValidateBenefitsOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                          const String& strErrKey);
 };
 
 }  // namespace zelnor

@@ -45,10 +45,8 @@ bool BeginsWithOneOf(std::string_view text, std::string_view set) {
 
 bool vlsEmployeeValidator::ValidateAddressLines(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors,
                                                 const String& strErrKey) {
-  static constexpr Rule kRule{.key = "AddressLine",
-                              .field = "Address Line",
-                              .code = "E4.6.0",
-                              .what = "the Address Lines. "};
+  static constexpr Rule kRule{
+      .key = "AddressLine", .field = "Address Line", .code = "E4.6.0", .what = "the Address Lines. "};
   return CheckOf(
       objEmployee, kRule, strErrKey,
       [&](Finding& found) {
@@ -99,7 +97,11 @@ bool vlsEmployeeValidator::ValidateAddressLines(const Ref<clsEmployee>& objEmplo
 
 bool vlsEmployeeValidator::ValidateForeignCountry(const Ref<clsEmployee>& objEmployee,
                                                   const String& strErrKey) {
-  static constexpr Rule kRule{.key = "ForeignCountry", .field = "Foreign Country", .code = "E4.8.0"};
+  static constexpr Rule kRule{.key = "ForeignCountry",
+                              .field = "Foreign Country",
+                              .code = "E4.8.0",
+                              .what = "the Foreign Country. ",
+                              .processing_field = "Foreign Country"};
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const clsEmployeeAddress& address = AddressOf(objEmployee);
     const String country = found.value = address.ForeignCountry();

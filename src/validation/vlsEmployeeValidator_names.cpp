@@ -136,10 +136,8 @@ bool vlsEmployeeValidator::ValidateForename(const Ref<clsEmployee>& objEmployee,
 
 bool vlsEmployeeValidator::ValidateForename1(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors,
                                              const String& strErrKey) {
-  static constexpr Rule kRule{.key = "Forename1",
-                              .field = "Forename1",
-                              .code = "E4.3.0",
-                              .what = "the Supplementary Forename. "};
+  static constexpr Rule kRule{
+      .key = "Forename1", .field = "Forename1", .code = "E4.3.0", .what = "the Supplementary Forename. "};
   return CheckOf(
       objEmployee, kRule, strErrKey,
       [&](Finding& found) {
