@@ -37,7 +37,7 @@ class ZELNOR_API EmployeeSection : public Record {
   /// The number of employees.
   Long EmployeeCount() const;
 
-  /// Appends each member in order, clearing its `Validated`. No object appends nothing.
+  /// Appends each member in order, clearing its `Validated`. No object is reported as error 91.
   void AddEmployeeRange(CollectionRef<clsEmployee> colEmployee);
 
   /// Whether the controller validates before sending; plain storage.

@@ -21,7 +21,7 @@ class ValidateCliTest : public CliTest {
     return Input(Replace(text, from, to));
   }
   String BadReference() const { return Changed("<AORef>961PY00427198</AORef>", "<AORef>=1+1</AORef>"); }
-  static constexpr const char* kToday = " --today 2025-07-04 ";
+  static constexpr const char* kToday = " --today 2025-10-01 ";
 };
 
 TEST_F(ValidateCliTest, AValidDocumentExitsWith0) {

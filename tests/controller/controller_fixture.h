@@ -33,6 +33,9 @@ class ControllerTest : public testing::Test {
   static String Setting(const String& key) { return alsAppSettings().ReadSetting(key); }
   static void Set(const String& key, const String& value) { alsAppSettings().SetSetting(key, value); }
 
+  /// Gives the rules a day on which the sample's dates are good; the clock stays.
+  static void TodayOfTheSample() { Process().SystemDate = Date::FromParts(2025, 10, 1); }
+
   /// The lines of the log so far.
   static std::vector<String> Lines(const clsRTIController& rti) {
     std::vector<String> lines;

@@ -29,6 +29,8 @@ String FolderOf(const char* variable) {
 
 class SamplesTest : public ControllerTest {
  protected:
+  SamplesTest() { TodayOfTheSample(); }
+
   // Saves a document anew with its mark, and gives the file's path.
   String SavedAnew(const String& path, bool compressed = false) {
     clsRTIController rti;

@@ -15,6 +15,7 @@ using testing::HasSubstr;
 class SavingTest : public ControllerTest {
  protected:
   SavingTest() {
+    TodayOfTheSample();
     rti_.ReadXML(Sample());
     rti_.Submission()->Header()->DocIRMark()->value("");
   }

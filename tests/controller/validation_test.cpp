@@ -23,6 +23,8 @@ struct Outcome {
 
 class ValidationTest : public ControllerTest {
  protected:
+  ValidationTest() { TodayOfTheSample(); }
+
   // A document read without a mark has no place for one until it is asked for.
   static void ReadSample(clsRTIController& rti) {
     rti.ReadXML(Sample());

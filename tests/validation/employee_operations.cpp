@@ -89,42 +89,36 @@ const PlainRule<V, &V::ValidatePartnerSurname> kPartnerSurname("ValidatePartnerS
 const PlainRule<V, &V::ValidatePartnerForename> kPartnerForename("ValidatePartnerForename");
 const PlainRule<V, &V::ValidatePartnerForename1> kPartnerForename1("ValidatePartnerForename1");
 const PlainRule<V, &V::ValidatePartnerNINO> kPartnerNINO("ValidatePartnerNINO");
-const AddOperation<Employees> kCountryRule("ValidateAddressCountryRule",
-                                           [](Employees& validator, Scene& scene) {
-                                             return validator.ValidateAddressCountryRule(Employee(scene),
-                                                                                         scene.Prefix());
-                                           });
-const AddOperation<Employees> kPostcodeRule("ValidateAddressPostcodeRule",
-                                            [](Employees& validator, Scene& scene) {
-                                              return validator.ValidateAddressPostcodeRule(
-                                                  Employee(scene), scene.Argument("raise", true),
-                                                  scene.Prefix());
-                                            });
+const AddOperation<Employees> kCountryRule("ValidateAddressCountryRule", [](Employees& validator,
+                                                                            Scene& scene) {
+  return validator.ValidateAddressCountryRule(Employee(scene), scene.Prefix());
+});
+const AddOperation<Employees> kPostcodeRule("ValidateAddressPostcodeRule", [](Employees& validator,
+                                                                              Scene& scene) {
+  return validator.ValidateAddressPostcodeRule(Employee(scene), scene.Argument("raise", true),
+                                               scene.Prefix());
+});
 const AddOperation<Employees> kNINORule("ValidateAddressNINORule", [](Employees& validator, Scene& scene) {
   return validator.ValidateAddressNINORule(Employee(scene), scene.Prefix());
 });
-const AddOperation<Employees> kStartDateRule("ValidateAddressStartDateRule",
-                                             [](Employees& validator, Scene& scene) {
-                                               return validator.ValidateAddressStartDateRule(
-                                                   Employee(scene),
-                                                   FirstEmployee(scene)->Employment()->Item(1),
-                                                   scene.Prefix());
-                                             });
-const AddOperation<Employees> kPartnerNameRule("ValidatePartnerNameRule",
-                                               [](Employees& validator, Scene& scene) {
-                                                 return validator.ValidatePartnerNameRule(Employee(scene),
-                                                                                          scene.Prefix());
-                                               });
+const AddOperation<Employees> kStartDateRule("ValidateAddressStartDateRule", [](Employees& validator,
+                                                                                Scene& scene) {
+  return validator.ValidateAddressStartDateRule(Employee(scene), FirstEmployee(scene)->Employment()->Item(1),
+                                                scene.Prefix());
+});
+const AddOperation<Employees> kPartnerNameRule("ValidatePartnerNameRule", [](Employees& validator,
+                                                                             Scene& scene) {
+  return validator.ValidatePartnerNameRule(Employee(scene), scene.Prefix());
+});
 
 Ref<clsEmployeeNameType> Name(const Scene& scene) { return Details(scene)->Contact(); }
 Ref<clsEmployeePartnerDetails> Partner(const Scene& scene) { return Details(scene)->PartnerDetails(); }
 Ref<clsEmployeeNameType> PartnerName(const Scene& scene) { return Partner(scene)->Contact(); }
 Ref<clsEmployeeAddress> Address(const Scene& scene) { return Details(scene)->Address(); }
 
-#define ZELNOR_TEXT(name, record, member)                               \
-  const AddPreparation kSet##name(#name, [](Scene& scene, const Json& value) { \
-    record(scene)->member(value.get<String>());                         \
-  })
+#define ZELNOR_TEXT(name, record, member) \
+  const AddPreparation kSet##name(        \
+      #name, [](Scene& scene, const Json& value) { record(scene)->member(value.get<String>()); })
 ZELNOR_TEXT(Title, Name, Title);
 ZELNOR_TEXT(Forename, Name, Forename);
 ZELNOR_TEXT(Forename1, Name, Forename1);
@@ -163,9 +157,8 @@ const AddPreparation kNonIndividual("PaymentToANonIndividual", [](Scene& scene, 
 const AddPreparation kSystemDate("SystemDate", [](Scene&, const Json& value) {
   Process().SystemDate = ToDate(value.get<String>());
 });
-const AddPreparation kNobody("EmployeeOfNoObject", [](Scene& scene, const Json&) {
-  EmployeesOf(scene)->Add(nullptr);
-});
+const AddPreparation kNobody("EmployeeOfNoObject",
+                             [](Scene& scene, const Json&) { EmployeesOf(scene)->Add(nullptr); });
 const AddPreparation kKeyOfEmployee("EmployeeId", [](Scene& scene, const Json& value) {
   FirstEmployee(scene)->EmployeeId(value.at(0).get<int>());
   FirstEmployee(scene)->EmployeeCode(value.at(1).get<String>());

@@ -1,5 +1,7 @@
 // The walk over the employees: its counters, events, limit and marks; what the rules say is in tests/rules/.
 
+#include "zelnor/validation/vlsEmployeeValidator.h"
+
 #include "zelnor/common/process_state.h"
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsEmployeeAddress.h"
@@ -7,7 +9,6 @@
 #include "zelnor/documents/clsEmployeeNameType.h"
 #include "zelnor/documents/clsEmployeePartnerDetails.h"
 #include "zelnor/validation/clsEmployeeException.h"
-#include "zelnor/validation/vlsEmployeeValidator.h"
 
 #include "support/recording_host.h"
 #include <gmock/gmock.h>
@@ -25,7 +26,8 @@ class EmployeeWalk : public testing::Test {
   EmployeeWalk() {
     host->now = Date::FromParts(2025, 10, 1);
     validator.events.ProgressChanged.connect([this] { progress.push_back(validator.Progress()); });
-    validator.events.MaxErrorsHit.connect([this] { checked_at_limit.push_back(validator.EmployeesChecked()); });
+    validator.events.MaxErrorsHit.connect(
+        [this] { checked_at_limit.push_back(validator.EmployeesChecked()); });
   }
   ~EmployeeWalk() override { Process() = {}; }
 
