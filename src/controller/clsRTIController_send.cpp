@@ -20,10 +20,8 @@ constexpr std::string_view kClass = "clsRTIController";
 
 }  // namespace
 
-// A transport serves one conversation; one that has had its own is made as new.
-void clsRTIController::RenewTransport() {
-  if (Required(mobjSOAPInterface).ProcessingStatus() != SEND_STATUS::Unsent) mobjSOAPInterface->Renew();
-}
+// A transport serves one conversation. What an earlier one left, be it only a cancel, is no part of this one.
+void clsRTIController::RenewTransport() { Required(mobjSOAPInterface).Renew(); }
 
 SUBMISSION_RESULT clsRTIController::SendSubmission(const String& strUsername, const String& strPassword,
                                                    const String& strSaveACopyTo,

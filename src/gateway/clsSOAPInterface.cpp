@@ -150,6 +150,9 @@ void clsSOAPInterface::Renew() {
   gateway_errors_collection_ = MakeCollection<clsGTMGovTalkError>();
   employees_ = MakeCollection<clsEmployee>();
   success_text_.clear();
+  username_.clear();
+  password_.clear();
+  class_.clear();
   cancel_ = false;
   response_files_ = 0;
   polls_ = 0;

@@ -149,14 +149,15 @@ class ZELNOR_API clsSOAPInterface {
   /// no connection came about, and when the first answer was an error. Errors are told by events.
   bool Send(const Ref<clsGovTalkMessage>& objsubmission);
 
-  /// Makes the object as new for another conversation. Folder, prefixes and handlers stay.
+  /// Makes the object as new for another conversation. Folder, prefixes, mode, attempts
+  /// and handlers stay.
   ZELNOR_INTERNAL void Renew();
 
   /// Ends the waits and the retries; a running exchange ends first. Not taken back.
   ZELNOR_INTERNAL void Cancel() { cancel_ = true; }
 
-  /// Makes a poll's message and saves its document as the poll file of that number. No object after a
-  /// failure, which is told by `SendingError`.
+  /// Makes a poll's message and saves its document as the poll file of that number. A failure is told by
+  /// `SendingError`; the message is there where only its file couldn't be written, else no object.
   ZELNOR_INTERNAL Ref<clsGovTalkMessage> BuildPollDocument(const String& strQualifier,
                                                            const String& strFunction,
                                                            const String& strCorrelationId,

@@ -160,6 +160,10 @@ Ref<clsGovTalkMessage> clsSOAPInterface::ReadAnswer(clsGovTalkMessage& sent, con
   try {
     document = CopyOf(answer);
     response->CreateFromXML(document.DocumentElement().CloneNode(true));
+    // An answer may leave its body out: it is no submission then, and nor are the polls made of it.
+    if (!response->HasSubmission()) {
+      response->SubmissionDocument()->SetSubmissionType(eRTISUBMISSIONTYPE::IsPollDoc);
+    }
   } catch (...) {
     processing_status_ = SEND_STATUS::ConnectionFailed;
     response = ErrorAnswer(sent, false, "Invalid response from HMRC: " + TextOf(document));

@@ -46,6 +46,12 @@ class SendingTest : public ControllerTest {
     rti.ValidationRequired(false);
   }
 
+  static void CancelAValidation(clsRTIController& rti) {
+    const Subscription cancel(
+        rti.events.ControllerStatus.connect([&](const String&, const String&, Long) { rti.Cancel(); }));
+    rti.Validate();
+  }
+
   std::vector<String> answers_;
   std::vector<HttpMessage> sent_;
 };
@@ -177,6 +183,44 @@ TEST_F(SendingTest, ACancelInTheValidationCancelsTheSend) {
   EXPECT_TRUE(raised);
   EXPECT_THAT(sent_, IsEmpty());
   EXPECT_EQ(Lines(rti).back(), "User cancelled during Validation process.");
+}
+
+TEST_F(SendingTest, ACancelledValidationLeavesTheNextSendAlone) {
+  clsRTIController rti;
+  Load(rti);
+  CancelAValidation(rti);
+  EXPECT_EQ(rti.SendSubmission(), SUBMISSION_RESULT::Successful);
+  EXPECT_EQ(sent_.size(), 3U);
+}
+
+TEST_F(SendingTest, ACancelledValidationLeavesTheNextPollAlone) {
+  clsRTIController rti;
+  Load(rti);
+  CancelAValidation(rti);
+  answers_.erase(answers_.begin());
+  EXPECT_EQ(rti.PollSubmission("HMRC-PAYE-RTI-FPS", "ABC123", RTI_SEND_MODE::Live, "", ""),
+            SUBMISSION_RESULT::Successful);
+}
+
+TEST_F(SendingTest, AnAcknowledgementWithoutABodyIsPolledAsAnyOther) {
+  for (String& answer : answers_) answer = Replace(answer, "<Body></Body>", "");
+  clsRTIController rti;
+  Load(rti);
+  EXPECT_EQ(rti.SendSubmission(), SUBMISSION_RESULT::Successful);
+  ASSERT_EQ(sent_.size(), 3U);
+  EXPECT_THAT(sent_[1].body, HasSubstr("<Qualifier>poll</Qualifier>"));
+  EXPECT_THAT(sent_[1].body, Not(HasSubstr("IRmark")));
+}
+
+TEST_F(SendingTest, APollBehindASendTakesNothingOfTheSendersAlong) {
+  clsRTIController rti;
+  Load(rti);
+  ASSERT_EQ(rti.SendSubmission("sender", "secret"), SUBMISSION_RESULT::Successful);
+  sent_.clear();
+  answers_.erase(answers_.begin());
+  rti.PollSubmission("HMRC-PAYE-RTI-FPS", "ABC123", RTI_SEND_MODE::Live, "", "");
+  ASSERT_FALSE(sent_.empty());
+  EXPECT_THAT(sent_[0].body, Not(HasSubstr("secret")));
 }
 
 TEST_F(SendingTest, AnOldCopyIsReplaced) {
