@@ -1,5 +1,6 @@
 #include "zelnor/documents/clsEmployerReferences.h"
 #include "zelnor/platform/conversions.h"
+#include "zelnor/validation/contracting_out_number.h"
 #include "zelnor/validation/pattern.h"
 #include "zelnor/validation/vlsCompanyValidator.h"
 
@@ -48,14 +49,7 @@ bool IsValidAORefCheckLetter(const String& reference) {
 
 /// Whether the last character is the check letter of a contracting-out number.
 bool IsValidECONCheckLetter(const String& econ) {
-  if (!IsAsciiOf(9, econ) || !econ.starts_with("E3")) return false;
-  int sum = 37;
-  for (int position = 2; position <= 8; ++position) {
-    const char c = econ[static_cast<std::size_t>(position) - 1];
-    if (!IsDigit(c)) return false;
-    sum += (c - '0') * (10 - position);
-  }
-  return econ[8] == "ABCDEFHJKLMNPQRTWXY"[sum % 19];
+  return econ.starts_with("E3") && HasContractingOutCheckLetter(econ, 37);
 }
 
 /// Whether the first digit is the check digit of a tax reference. Both kinds have the same.

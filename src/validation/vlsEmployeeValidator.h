@@ -3,13 +3,18 @@
 #include "zelnor/common/enumerations.h"
 #include "zelnor/validation/validator.h"
 
+#include <functional>
 #include <string_view>
 #include <utility>
 
 namespace zelnor {
 
+class clsBenefits;
+class clsCarDetails;
 class clsEmployee;
 class clsEmployment;
+class clsFreeFuel;
+class clsNILettersAndValues;
 struct MoneyRow;
 
 /// The rules of the employees of an FPS, EAS, EYU or NVR.
@@ -302,6 +307,167 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
                                    const Ref<clsEmployment>& objEmployment, eRTISUBMISSIONTYPE eniType,
                                    const String& strErrKey = {});
 
+  // --- Figures to date, NI letters and directors: vlsEmployeeValidator_figures.cpp, _ni.cpp ---
+
+  /// Whether an amount has no pence. Numbers beyond 32 bits are compared by their text. Any error but an
+  /// overflow goes on to the caller as one about a number that is too large.
+  bool IsWholePounds(double value) const;
+
+  /// Calls the rules of the figures to date, unless the record is marked as checked; then marks it.
+  bool ValidateFiguresToDate(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                             const String& strErrKey = {});
+
+  /// The figures to date: each within its range, the loans in whole pounds (E8.1 to E8.5).
+  ///@{
+  bool ValidateTaxablePayYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                             const String& strErrKey = {});
+  bool ValidateTotalTaxYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                           const String& strErrKey = {});
+  bool ValidateStudentLoansYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                               const String& strErrKey = {});
+  bool ValidatePostgradLoansYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                const String& strErrKey = {});
+  bool ValidateBenefitsTaxedViaPayrollYTD(const Ref<clsEmployee>& objEmployee,
+                                          const Ref<clsEmployment>& objEmployment,
+                                          const String& strErrKey = {});
+  bool ValidateEmpeePenContribnsPaidYTD(const Ref<clsEmployee>& objEmployee,
+                                        const Ref<clsEmployment>& objEmployment,
+                                        const String& strErrKey = {});
+  bool ValidateEmpeePenContribnsNotPaidYTD(const Ref<clsEmployee>& objEmployee,
+                                           const Ref<clsEmployment>& objEmployment,
+                                           const String& strErrKey = {});
+  ///@}
+
+  /// At most four records of NI letters, each letter once (E10.6.0a, E10.6.0b); and the rules of each record
+  /// that isn't marked as checked, which is then marked. Of two records with one letter the second fails.
+  ///
+  /// @param objNILetter not looked at: the records are those of the employment
+  bool ValidateNILettersAndValues(const Ref<clsEmployee>& objEmployee,
+                                  const Ref<clsEmployment>& objEmployment,
+                                  const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                                  const String& strErrKey = {});
+
+  /// The NI letter: a known one, and one that gender, birth date and place of work allow (E9.1).
+  bool ValidateNILetter(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                        const Ref<clsNILettersAndValues>& objNILetter, const String& strErrKey = {});
+
+  /// The number of the contracted-out scheme, for the letters that want one (E9.7). No container calls it.
+  bool ValidateSCON(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                    const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                    const String& strErrKey = {});
+
+  /// The values of an NI letter: each within its range, in an EYU a wider one, and most of them zero for
+  /// letter X (E9.2 to E9.6). No container calls ValidatePTToUAP and ValidateUAPToUEL.
+  ///@{
+  bool ValidatePaySubjToNIC(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                            const Ref<clsNILettersAndValues>& objNILetter, const String& strErrKey = {});
+  bool ValidatePaySubjToNICYTD(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                               const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                               const String& strErrKey = {});
+  bool ValidateAtLEL(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                     const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                     const String& strErrKey = {});
+  bool ValidateLELToPT(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                       const String& strErrKey = {});
+  bool ValidatePTToUAP(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                       const String& strErrKey = {});
+  bool ValidateUAPToUEL(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                        const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                        const String& strErrKey = {});
+  bool ValidatePTToUEL(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                       const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                       const String& strErrKey = {});
+  ///@}
+
+  /// The totals of NIC: each within its range, those of the year not below zero in an FPS; zero for the
+  /// letters that bear none (E10.3 to E10.6).
+  ///@{
+  bool ValidateTotalEmployerNIC(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                const Ref<clsNILettersAndValues>& objNILetter, const String& strErrKey = {});
+  bool ValidateTotalEmployerNICYTD(const Ref<clsEmployee>& objEmployee,
+                                   const Ref<clsEmployment>& objEmployment,
+                                   const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                                   const String& strErrKey = {});
+  bool ValidateTotalEmployeeNIC(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                                const Ref<clsNILettersAndValues>& objNILetter, const String& strErrKey = {});
+  bool ValidateTotalEmployeeNICYTD(const Ref<clsEmployee>& objEmployee,
+                                   const Ref<clsEmployment>& objEmployment,
+                                   const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+                                   const String& strErrKey = {});
+  ///@}
+
+  /// The week of a director's appointment: 1 to 54 or 56; or 0 (E10.2).
+  bool ValidateDirectorWeekNumber(const Ref<clsEmployee>& objEmployee,
+                                  const Ref<clsEmployment>& objEmployment, const String& strErrKey = {});
+
+  /// The basis of a director's NIC: one must be set (E10.1). No container calls it.
+  bool ValidateDirectorsNIC(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                            const String& strErrKey = {});
+
+  // --- Benefits, trivial commutation payments and secondment: vlsEmployeeValidator_benefits.cpp ---
+
+  /// At least one car (E20.0), and the rules of each; then marks the record.
+  bool ValidateBenefits(const Ref<clsEmployee>& objEmployee, const Ref<clsBenefits>& objBenefits,
+                        const String& strErrKey = {});
+
+  /// Calls the rules of a car and of its free fuel, and marks it; True without one.
+  bool ValidateCar(const Ref<clsEmployee>& objEmployee, const Ref<clsCarDetails>& objCarDetails,
+                   const String& strErrKey = {});
+
+  /// Calls the rules of free fuel and marks it; True without one.
+  bool ValidateFreeFuel(const Ref<clsEmployee>& objEmployee, const Ref<clsFreeFuel>& objFreeFuel,
+                        const String& strErrKey = {});
+
+  /// The make: 1 to 35 allowed characters (E20.1).
+  bool ValidateMake(const Ref<clsEmployee>& objEmployee, const Ref<clsCarDetails>& objCarDetails,
+                    const String& strErrKey = {});
+
+  /// The emission: "X", or at most 999; a text that is no number passes (E20.2).
+  bool ValidateCO2(const Ref<clsEmployee>& objEmployee, const Ref<clsCarDetails>& objCarDetails,
+                   const String& strErrKey = {});
+
+  /// The car's ID: at most 10 characters (E20.3).
+  bool ValidateID(const Ref<clsEmployee>& objEmployee, const Ref<clsCarDetails>& objCarDetails,
+                  const String& strErrKey = {});
+
+  /// The price: 1000.00 to 9999999.99 (E20.4).
+  bool ValidatePrice(const Ref<clsEmployee>& objEmployee, const Ref<clsCarDetails>& objCarDetails,
+                     const String& strErrKey = {});
+
+  /// The cash equivalent of a car or of free fuel: within the bounds (E20.4).
+  bool ValidateCashEquiv(const Ref<clsEmployee>& objEmployee, Currency curCashEquiv, Currency curLow,
+                         Currency curHigh, const String& strErrKey = {});
+
+  /// The first or the last day on which a car was available: the first must be set, the last not be before
+  /// it; both within the tax year, where that is known (E20.5).
+  ///
+  /// @param datAvailFromTo the day that is looked at
+  /// @param isFrom whether that is the first day
+  /// @param datAvailFrom for the last day, the first one
+  bool ValidateAvailFromTo(const Ref<clsEmployee>& objEmployee, Date datAvailFromTo, const String& strErrKey,
+                           bool isFrom, Date datAvailFrom = {});
+
+  /// The day from which fuel was provided: set, and within the tax year (E21.1).
+  bool ValidateProvided(const Ref<clsEmployee>& objEmployee, const Ref<clsFreeFuel>& objFreeFuel,
+                        const String& strErrKey = {});
+
+  /// The day on which fuel was withdrawn: not before the day it was provided from, within the tax year
+  /// (E21.3; E20.3.2 for the year).
+  bool ValidateWithdrawn(const Ref<clsEmployee>& objEmployee, const Ref<clsFreeFuel>& objFreeFuel,
+                         const String& strErrKey = {});
+
+  /// The trivial commutation payments: each -99999.00 to 99999.00, in whole pounds (E7.27.1 and the kind's
+  /// letter).
+  bool ValidateTrivialCommutationPayment(const Ref<clsEmployee>& objEmployee,
+                                         const Ref<clsEmployment>& objEmployment,
+                                         const String& strErrKey = {});
+
+  /// A seconded starter's length of stay: one must be set (E11.4.1.2).
+  bool ValidateSecondmentRule(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
+                              const String& strErrKey = {});
+
  protected:
   // --- Who the employee is: rules that others end in ---
 
@@ -363,12 +529,31 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
   /// "N" for each digit and "A" for any other character; nothing for a blank.
   static String PostcodeMask(const String& text);
 
+  // --- Figures to date, NI letters, directors and benefits ---
+
+  /// Runs an operation that calls several rules: `body` gives its result, a run-time error one record, which
+  /// names no employee, and False.
+  bool WalkRecords(const String& strErrKey, const std::function<bool()>& body);
+
+  struct FiguresRow;
+  struct NIRow;
+  bool CheckFigure(const FiguresRow& row, const Ref<clsEmployee>& objEmployee,
+                   const Ref<clsEmployment>& objEmployment, const String& strErrKey);
+  bool CheckNI(const NIRow& row, const Ref<clsEmployee>& objEmployee,
+               const Ref<clsNILettersAndValues>& objNILetter, eRTISUBMISSIONTYPE eniType,
+               const String& strErrKey);
+
   // --- Employment, starter and payment ---
 
   /// First and last day of a tax year; both zero where the tax year is not known.
   struct YearDates {
     Date start;
     Date end;
+
+    /// Whether the year is known and a day that is set lies outside it.
+    bool Excludes(Date day) const {
+      return !start.IsZero() && !end.IsZero() && !day.IsZero() && (day < start || day > end);
+    }
   };
 
   bool ValidateOneEmployment(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
@@ -394,6 +579,11 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
                                     const Ref<clsEmployment>& objEmployment, const String& strErrKey);
   bool ValidateBenefitsOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
                           const String& strErrKey);
+
+  /// CheckOf with a key word that follows the key as it stands.
+  template <class Body>
+  bool CheckBenefit(const Ref<clsEmployee>& objEmployee, const Rule& rule, const String& strErrKey,
+                    Body&& body);
 };
 
 }  // namespace zelnor
