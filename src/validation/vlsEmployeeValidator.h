@@ -566,20 +566,6 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
   /// The dates of the tax year that the documents at hand are of.
   YearDates TaxYearDates() const;
 
-  // The rules of other families that these walks call: vlsEmployeeValidator_payment_links.cpp.
-  bool ValidateFiguresOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
-                         eRTISUBMISSIONTYPE eniType, const String& strErrKey);
-  bool ValidateNIOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
-                    eRTISUBMISSIONTYPE eniType, const String& strErrKey);
-  bool ValidateDirectorOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
-                          eRTISUBMISSIONTYPE eniType, const String& strErrKey);
-  bool ValidateSecondmentOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
-                            const String& strErrKey);
-  bool ValidateTrivialCommutationOf(const Ref<clsEmployee>& objEmployee,
-                                    const Ref<clsEmployment>& objEmployment, const String& strErrKey);
-  bool ValidateBenefitsOf(const Ref<clsEmployee>& objEmployee, const Ref<clsEmployment>& objEmployment,
-                          const String& strErrKey);
-
   /// CheckOf with a key word that follows the key as it stands.
   template <class Body>
   bool CheckBenefit(const Ref<clsEmployee>& objEmployee, const Rule& rule, const String& strErrKey,

@@ -93,9 +93,9 @@ bool vlsEmployeeValidator::ValidateOneEmployment(const Ref<clsEmployee>& objEmpl
   }
   if (!is_eas) {
     passed &= ValidatePartnerDetails(objEmployee, objEmployment, strErrKey);
-    passed &= ValidateFiguresOf(objEmployee, objEmployment, eniType, strErrKey);
-    passed &= ValidateNIOf(objEmployee, objEmployment, eniType, strErrKey);
-    passed &= ValidateDirectorOf(objEmployee, objEmployment, eniType, strErrKey);
+    passed &= ValidateFiguresToDate(objEmployee, objEmployment, strErrKey);
+    passed &= ValidateNILettersAndValues(objEmployee, objEmployment, nullptr, eniType, strErrKey);
+    passed &= ValidateDirectorWeekNumber(objEmployee, objEmployment, strErrKey);
   }
   passed &= ValidatePayment(objEmployee, objEmployment, strErrKey, eniType);
   objEmployment->Validated(passed);

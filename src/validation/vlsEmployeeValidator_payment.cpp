@@ -69,9 +69,9 @@ bool vlsEmployeeValidator::ValidatePaymentOfFPS(const Ref<clsEmployee>& objEmplo
   passed &= ValidateSAPYTD(objEmployee, objEmployment, eniType, strErrKey);
   passed &= ValidateSPBPYTD(objEmployee, objEmployment, eniType, strErrKey);
   passed &= ValidateShPPYTD(objEmployee, objEmployment, strErrKey);
-  passed &= ValidateTrivialCommutationOf(objEmployee, objEmployment, strErrKey);
+  passed &= ValidateTrivialCommutationPayment(objEmployee, objEmployment, strErrKey);
   if (PaymentOf(objEmployment)->HasBenefits()) {
-    passed &= ValidateBenefitsOf(objEmployee, objEmployment, strErrKey);
+    passed &= ValidateBenefits(objEmployee, PaymentOf(objEmployment)->Benefits(), strErrKey);
   }
   passed &= ValidateC1ANICTermiation(objEmployee, objEmployment, eniType, strErrKey);
   passed &= ValidateC1ANICTermiationYTD(objEmployee, objEmployment, eniType, strErrKey);

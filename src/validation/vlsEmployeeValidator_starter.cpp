@@ -47,7 +47,7 @@ bool vlsEmployeeValidator::ValidateStarterDetails(const Ref<clsEmployee>& objEmp
       passed &= ValidateStarterDeclarationRule(objEmployee, objEmployment, strErrKey);
     }
     if (starter->HasOccPension()) passed &= ValidateOccPensionAmount(objEmployee, objEmployment, strErrKey);
-    if (starter->IsSeconded()) passed &= ValidateSecondmentOf(objEmployee, objEmployment, strErrKey);
+    if (starter->IsSeconded()) passed &= ValidateSecondmentRule(objEmployee, objEmployment, strErrKey);
     starter->Validated(passed);
     result = passed;
   });
