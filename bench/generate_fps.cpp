@@ -1,12 +1,13 @@
 // Writes a Full Payment Submission with a given number of employees to standard output:
-//   generate_fps EMPLOYEES [--indent]
+//   generate_fps EMPLOYEES [--indent] [--errors]
 // All people are made up by counting; each employee has a name, an address, one employment with figures, a
-// payment and one or two NI letters, about what a monthly payroll sends.
+// payment and one or two NI letters, about what a monthly payroll sends. With --errors each has a tax code
+// that no rule takes.
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -83,12 +84,13 @@ void WriteNIRow(Out& out, const char* letter, long pay) {
   out.Leaf("PTtoUELYTD", Money(pay * 2));
   out.Leaf("TotalEmpNICInPd", Money(pay / 8));
   out.Leaf("TotalEmpNICYTD", Money(pay / 8 * 6));
-  out.Leaf("EmpeeContribnsInPd", Money(pay / 20));
-  out.Leaf("EmpeeContribnsYTD", Money(pay / 20 * 6));
+  const long contribution = *letter == 'C' ? 0 : pay / 20;  // of those over pension age, the employer's alone
+  out.Leaf("EmpeeContribnsInPd", Money(contribution));
+  out.Leaf("EmpeeContribnsYTD", Money(contribution * 6));
   out.Close();
 }
 
-void WriteEmployee(Out& out, long number) {
+void WriteEmployee(Out& out, long number, bool errors) {
   static constexpr std::array kForenames = {"Ada",    "Brian", "Carys", "Dev",
                                             "Eilidh", "Femi",  "Grace", "Hamish"};
   static constexpr std::array kSurnames = {"Ashworth", "Bhatt",  "Carmichael", "Davies",
@@ -126,7 +128,7 @@ void WriteEmployee(Out& out, long number) {
   out.Leaf("MonthNo", "6");
   out.Leaf("PeriodsCovered", "1");
   out.Leaf("HoursWorked", "E");
-  out.Leaf("TaxCode", "1257L", number % 11 == 0 ? " TaxRegime=\"S\"" : "");
+  out.Leaf("TaxCode", errors ? "W1" : "1257L", number % 11 == 0 ? " TaxRegime=\"S\"" : "");
   out.Leaf("TaxablePay", Money(pay));
   out.Leaf("NonTaxOrNICPmt", "0.00");
   out.Leaf("DednsFromNetPay", "0.00");
@@ -154,7 +156,7 @@ void WriteKeys(Out& out) {
   out.Close();
 }
 
-void WriteMessage(Out& out, long employees) {
+void WriteMessage(Out& out, long employees, bool errors) {
   out.Open("GovTalkMessage", " xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"");
   out.Leaf("EnvelopeVersion", "2.0");
   out.Open("Header");
@@ -202,19 +204,23 @@ void WriteMessage(Out& out, long employees) {
   out.Leaf("AORef", "123PA00045678");
   out.Close();
   out.Leaf("RelatedTaxYear", "25-26");
-  for (long number = 1; number <= employees; ++number) WriteEmployee(out, number);
+  for (long number = 1; number <= employees; ++number) WriteEmployee(out, number, errors);
   for (int level = 0; level < 4; ++level) out.Close();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const long employees = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 0;
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const long employees = arguments.empty() ? 0 : std::strtol(arguments.front().c_str(), nullptr, 10);
   if (employees <= 0) {
-    std::fputs("usage: generate_fps EMPLOYEES [--indent]\n", stderr);
+    std::fputs("usage: generate_fps EMPLOYEES [--indent] [--errors]\n", stderr);
     return 2;
   }
-  Out out(argc > 2 && std::strcmp(argv[2], "--indent") == 0);
-  WriteMessage(out, employees);
+  const auto given = [&](const char* option) {
+    return std::find(arguments.begin(), arguments.end(), option) != arguments.end();
+  };
+  Out out(given("--indent"));
+  WriteMessage(out, employees, given("--errors"));
   return 0;
 }

@@ -2,6 +2,7 @@
 // sample, repeated to many employees.
 
 #include "zelnor/common/modPublicEnums.h"
+#include "zelnor/common/process_state.h"
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
@@ -14,6 +15,7 @@
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/formats.h"
 #include "zelnor/platform/regex.h"
+#include "zelnor/validation/vlsEmployeeValidator.h"
 
 #include <benchmark/benchmark.h>
 
@@ -125,6 +127,23 @@ void UnpackText(benchmark::State& state) {
   Count(state);
 }
 BENCHMARK(UnpackText)->Unit(benchmark::kMillisecond);
+
+// The rules of the employees alone, of records that no rule has looked at yet.
+void ValidateEmployees(benchmark::State& state) {
+  const Ref<clsGovTalkMessage> message = LargeMessage();
+  const CollectionRef<clsEmployee> employees = message->SubmissionDocument()->FPS()->Employees();
+  Process().SystemDate = Date::FromParts(2025, 10, 1);
+  for (auto _ : state) {
+    for (const Ref<clsEmployee>& employee : *employees) employee->Validated(false);
+    vlsEmployeeValidator validator;
+    if (!validator.ValidateEmployees(employees, eRTISUBMISSIONTYPE::IsFPS, "25-26")) {
+      state.SkipWithError("the sample fails its rules");
+    }
+  }
+  Process() = {};
+  Count(state);
+}
+BENCHMARK(ValidateEmployees)->Unit(benchmark::kMillisecond);
 
 void MatchPattern(benchmark::State& state) {
   const Regex pattern("^[A-Z]{2}[0-9]{6}[A-D ]$");

@@ -153,6 +153,7 @@ void clsSOAPInterface::Renew() {
   username_.clear();
   password_.clear();
   class_.clear();
+  mode_ = RTI_SEND_MODE::Live;
   cancel_ = false;
   response_files_ = 0;
   polls_ = 0;

@@ -181,8 +181,8 @@ Ref<clsGovTalkMessage> clsSOAPInterface::FailedConnection(clsGovTalkMessage& sen
   return response;
 }
 
-// What stands for an answer where none came: the message that was sent, without its sender and with the error
-// for its body.
+// What stands for an answer where none came: the message that was sent, its sender's id emptied and an empty
+// authentication added, with the error for its body.
 Ref<clsGovTalkMessage> clsSOAPInterface::ErrorAnswer(clsGovTalkMessage& sent, bool as_error,
                                                      const String& text) {
   auto response = std::make_shared<clsGovTalkMessage>();

@@ -57,12 +57,14 @@ std::size_t OnBody(char* bytes, std::size_t size, std::size_t count, void* conte
   return length;
 }
 
-// Called for each line of the header, the empty one at its end among them.
+// Called for each line of the header, the empty one at its end among them, and for the trailers behind a
+// body, which have no such end. Only a status line begins a header.
 std::size_t OnHeader(char* bytes, std::size_t size, std::size_t count, void* context) {
   auto& exchange = *static_cast<Exchange*>(context);
   exchange.last_byte = Clock::now();
   const std::string_view line(bytes, size * count);
-  exchange.header_ended = line == "\r\n" || line == "\n";
+  if (line.starts_with("HTTP/")) exchange.header_ended = false;
+  if (line == "\r\n" || line == "\n") exchange.header_ended = true;
   return size * count;
 }
 
@@ -114,8 +116,10 @@ RuntimeError ErrorOf(CURLcode code, const Exchange& exchange, std::string_view d
   };
   if (exchange.stalled) return error(kHttpTimedOut, "No answer came from " + host + " in time.");
   switch (code) {
-    case CURLE_URL_MALFORMAT:
     case CURLE_UNSUPPORTED_PROTOCOL:
+      if (exchange.connected) break;  // what answered there doesn't speak HTTP
+      [[fallthrough]];
+    case CURLE_URL_MALFORMAT:
     case CURLE_LOGIN_DENIED:  // a user and password in the address itself
       return error(kHttpBadAddress, "The gateway's address is no plain http or https address.");
     case CURLE_COULDNT_RESOLVE_HOST:
@@ -174,6 +178,17 @@ class WithoutBrokenPipe {
   sigset_t former_{};
 };
 
+/// The hosts that are reached without a proxy. "*", for all, is known to libcurl only by itself.
+String NoProxy() {
+  String hosts;
+  for (const char* name : {"no_proxy", "NO_PROXY"}) {
+    const String value = Environment(name);
+    if (value == "*") return value;
+    hosts += value + ",";
+  }
+  return hosts.append(kNoProxy);
+}
+
 }  // namespace
 
 HttpAnswer ExchangeHttp(const HttpMessage& message) {
@@ -192,7 +207,7 @@ HttpAnswer ExchangeHttp(const HttpMessage& message) {
     curl_easy_setopt(curl, CURLOPT_PASSWORD, message.password.c_str());
     curl_easy_setopt(curl, CURLOPT_HTTPAUTH, CURLAUTH_BASIC | CURLAUTH_DIGEST);
   }
-  const String no_proxy = Environment("no_proxy") + "," + Environment("NO_PROXY") + "," + String(kNoProxy);
+  const String no_proxy = NoProxy();
   const String certificates = Environment("SSL_CERT_FILE");
   if (!certificates.empty()) curl_easy_setopt(curl, CURLOPT_CAINFO, certificates.c_str());
   curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, detail.data());
@@ -256,7 +271,8 @@ void HttpRequest::Send(String body) {
   const HttpAnswer answer = CurrentHost()->Exchange(message_);
   message_.body = {};
   XmlDocument document;
-  if (!answer.too_long) document.LoadBytes(answer.body);
+  const bool redirected = answer.status >= 300 && answer.status < 400;
+  if (!answer.too_long && !redirected) document.LoadBytes(answer.body);
   response_ = document;
 }
 

@@ -223,6 +223,31 @@ TEST_F(SendingTest, APollBehindASendTakesNothingOfTheSendersAlong) {
   EXPECT_THAT(sent_[0].body, Not(HasSubstr("secret")));
 }
 
+TEST_F(SendingTest, ASecondSendBeginsInTheSameModeAsTheFirst) {
+  clsRTIController rti;
+  Load(rti);
+  rti.SubmissionMode(RTI_SEND_MODE::FileOnly);
+  const std::vector<String> answers = answers_;
+  answers_.insert(answers_.end(), answers.begin(), answers.end());
+  std::vector<String> classes;
+  for (int send = 0; send < 2; ++send) {
+    EXPECT_EQ(rti.SendSubmission(), SUBMISSION_RESULT::Successful);
+    XmlDocument poll;
+    ASSERT_TRUE(poll.Load(folder_.At("xml/poll1.xml")));
+    classes.push_back(poll.SelectSingleNode("//*[local-name()='Class']").Text());
+  }
+  EXPECT_EQ(classes[0], classes[1]);
+}
+
+TEST_F(SendingTest, ARedirectIsAnAnswerWithoutADocument) {
+  clsRTIController rti;
+  Load(rti);
+  host_->exchange = [](const HttpMessage&) {
+    return HttpAnswer{.status = 302, .body = Answer("acknowledgement", "submit")};
+  };
+  EXPECT_EQ(rti.SendSubmission(), SUBMISSION_RESULT::ConnectionFailed);
+}
+
 TEST_F(SendingTest, AnOldCopyIsReplaced) {
   clsRTIController rti;
   Load(rti);

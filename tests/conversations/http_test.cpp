@@ -5,6 +5,12 @@
 #include "zelnor/platform/failure.h"
 #include "zelnor/standin/local_gateway.h"
 
+#include <array>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+
 #include "conversations/certificates.h"
 #include "support/recording_host.h"
 #include "support/scoped_environment.h"
@@ -62,6 +68,85 @@ class HttpTest : public testing::Test {
   std::optional<ScopedEnvironment> trust_;
   std::unique_ptr<standin::LocalGateway> gateway_;
 };
+
+/// A server on loopback that answers the first request with fixed bytes, whatever it asks.
+class BytesServer {
+ public:
+  explicit BytesServer(String bytes) : bytes_(std::move(bytes)) {
+    listener_ = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    if (bind(listener_, reinterpret_cast<sockaddr*>(&address), size) != 0 || listen(listener_, 1) != 0 ||
+        getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size) != 0) {
+      throw std::runtime_error("no server");
+    }
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { Answer(); });
+  }
+  BytesServer(const BytesServer&) = delete;
+  BytesServer& operator=(const BytesServer&) = delete;
+  ~BytesServer() {
+    shutdown(listener_, SHUT_RDWR);
+    thread_.join();
+    close(listener_);
+  }
+
+  HttpMessage Message() const {
+    return {.method = "POST",
+            .url = "http://127.0.0.1:" + std::to_string(port_) + "/",
+            .user = {},
+            .password = {},
+            .headers = {},
+            .body = "<a/>",
+            .connect_timeout = 5000,
+            .stall_timeout = 5000};
+  }
+
+ private:
+  void Answer() const {
+    const int client = accept(listener_, nullptr, nullptr);
+    if (client < 0) return;
+    std::array<char, 4096> request{};
+    if (recv(client, request.data(), request.size(), 0) > 0) {
+      send(client, bytes_.data(), bytes_.size(), MSG_NOSIGNAL);
+    }
+    shutdown(client, SHUT_WR);
+    while (recv(client, request.data(), request.size(), 0) > 0) {
+    }
+    close(client);
+  }
+
+  String bytes_;
+  int listener_ = -1;
+  int port_ = 0;
+  std::thread thread_;
+};
+
+TEST_F(HttpTest, AnAnswerWithTrailersIsWhole) {
+  const BytesServer server(
+      "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\nTrailer: X-A\r\n\r\n6\r\nanswer\r\n0\r\nX-A: "
+      "b\r\n\r\n");
+  EXPECT_EQ(ExchangeHttp(server.Message()).body, "answer");
+}
+
+TEST_F(HttpTest, AServerThatSpeaksNoHttpIsNoBadAddress) {
+  const BytesServer server("SSH-2.0-Server\r\n");
+  EXPECT_EQ(ErrorOf(server.Message()).first, kHttpNoConnection);
+}
+
+TEST_F(HttpTest, AHeaderThatBreaksOffIsNoAnswer) {
+  const BytesServer server("HTTP/1.1 200 OK\r\nContent-Length: 6\r\nX-A: b");
+  EXPECT_EQ(ErrorOf(server.Message()).first, kHttpNoConnection);
+}
+
+TEST_F(HttpTest, NoProxyOfAllHostsIsHeardBesideTheProxyOfOthers) {
+  const BytesServer server("HTTP/1.1 200 OK\r\nContent-Length: 6\r\n\r\nanswer");
+  const ScopedEnvironment proxy("http_proxy", "http://127.0.0.1:9/");
+  const ScopedEnvironment none("no_proxy", "*");
+  EXPECT_EQ(ExchangeHttp(server.Message()).body, "answer");
+}
 
 TEST_F(HttpTest, TheBodyArrivesAsItIs) {
   Start("text \"answer\"");
