@@ -40,7 +40,12 @@ String TypeText(eRTISUBMISSIONTYPE type) {
   }
 }
 
-void AppendCopy(const XmlNode& holder, const XmlNode& node) {
+void DropCopies(const XmlNode& holder) {
+  if (const XmlNode text = holder.FirstChild(); text && text.IsWritten()) holder.RemoveChild(text);
+  RemoveAllChildNodes(holder);
+}
+
+void AppendNodes(const XmlNode& holder, const XmlNode& node) {
   holder.AppendChild(holder.OwnerDocument().ImportNode(node, true));
 }
 
@@ -144,7 +149,8 @@ XmlNode clsLog::GetAsXML(const XmlNode& xmlRoot) {
   XmlNode result;
   Handled(kClass, "Get GetAsXML", [&] {
     result = root_;
-    if (xmlRoot) AppendCopy(xmlRoot, root_);
+    LayOpen();
+    if (xmlRoot) AppendNodes(xmlRoot, root_);
   });
   return result;
 }
@@ -316,7 +322,7 @@ bool clsLog::ReplaceErrors(const char* member, const String& type, const XmlNode
     // Up to the last of now: the node may be the element itself that grows.
     const XmlNode last = xmlNode.LastChild();
     for (const XmlNode& child : xmlNode.ChildNodes()) {
-      AppendCopy(validation_errors_, child);
+      AppendNodes(validation_errors_, child);
       if (child == last) break;
     }
     is_saved_to_date_ = false;
@@ -374,8 +380,17 @@ bool clsLog::AddTimingRecord(const String& strMessage) {
   return result;
 }
 
-XmlNode clsLog::Submission() { return submission_; }
-void clsLog::Submission(const XmlNode& value) { submission_ = value; }
+XmlNode clsLog::Submission() {
+  LayOpen();
+  return submission_;
+}
+void clsLog::Submission(const XmlNode& value) {
+  LayOpen();
+  submission_ = value;
+}
+
+void clsLog::ClearSubmission() { DropCopies(submission_); }
+void clsLog::AppendSubmission(const XmlNode& node) { AppendCopy(submission_, node); }
 
 bool clsLog::AddSubmission(const XmlNode& xmlNode) {
   return ReplaceCopy("Function AddSubmission", submission_, xmlNode);
@@ -383,7 +398,10 @@ bool clsLog::AddSubmission(const XmlNode& xmlNode) {
 
 XmlNode clsLog::GetSubmission() { return CopyOfFirstChild("Function GetSubmission", submission_); }
 
-XmlNode clsLog::SendLog() { return send_log_; }
+XmlNode clsLog::SendLog() {
+  LayOpen();
+  return send_log_;
+}
 
 bool clsLog::AddSendDoc(const XmlNode& xmlNode, SEND_DIRECTION eniDirection, const String& strURL) {
   bool result = false;
@@ -402,17 +420,48 @@ bool clsLog::AddSendDoc(const XmlNode& xmlNode, SEND_DIRECTION eniDirection, con
 XmlNode clsLog::LatestPollResponse() {
   return CopyOfFirstChild("Get LatestPollResponse", latest_hmrc_response_);
 }
-void clsLog::LatestPollResponse(const XmlNode& value) { latest_hmrc_response_ = value; }
+void clsLog::LatestPollResponse(const XmlNode& value) {
+  LayOpen();
+  latest_hmrc_response_ = value;
+}
 
 bool clsLog::AddLatestPollResponse(const XmlNode& xmlNode) {
   return ReplaceCopy("Function AddLatestPollResponse", latest_hmrc_response_, xmlNode);
+}
+
+// Copies of documents are as a rule only written. They stay text until somebody asks for a node of the log.
+void clsLog::AppendCopy(const XmlNode& holder, const XmlNode& node) {
+  if (laid_open_) {
+    AppendNodes(holder, node);
+  } else {
+    holder.AppendWritten(node.Xml());
+  }
+}
+
+// Makes nodes of the copies that are text so far, and of all that are to come.
+void clsLog::LayOpen() {
+  if (std::exchange(laid_open_, true)) return;
+  std::vector<XmlNode> holders = {submission_, latest_hmrc_response_};
+  for (const XmlNode& exchanged : send_log_.ChildNodes()) holders.push_back(exchanged);
+  for (const XmlNode& holder : holders) {
+    for (XmlNode child = holder.FirstChild(); child;) {
+      XmlNode next = child.NextSibling();
+      if (child.IsWritten()) {
+        const XmlDocument copy;
+        copy.PreserveWhiteSpace(true);
+        if (!copy.LoadXML(child.Xml())) ThrowInvalidArgument();
+        holder.ReplaceChild(document_.ImportNode(copy.DocumentElement(), true), child);
+      }
+      child = std::move(next);
+    }
+  }
 }
 
 bool clsLog::ReplaceCopy(const char* member, const XmlNode& holder, const XmlNode& xmlNode) {
   bool result = false;
   Handled(kClass, member, [&] {
     is_saved_to_date_ = false;
-    RemoveAllChildNodes(holder);
+    DropCopies(holder);
     if (!xmlNode) return;
     AppendCopy(holder, xmlNode);
     result = true;
@@ -423,6 +472,7 @@ bool clsLog::ReplaceCopy(const char* member, const XmlNode& holder, const XmlNod
 XmlNode clsLog::CopyOfFirstChild(const char* member, const XmlNode& holder) {
   XmlNode result;
   Handled(kClass, member, [&] {
+    LayOpen();
     if (const XmlNode first = holder.FirstChild()) result = first.CloneNode(true);
   });
   return result;

@@ -136,6 +136,12 @@ class ZELNOR_API clsLog {
   /// The element of the exchanged documents.
   XmlNode SendLog();
 
+  /// Drops the copies of the envelope, and adds one. Whether the file reflects the log isn't changed.
+  ///@{
+  ZELNOR_INTERNAL void ClearSubmission();
+  ZELNOR_INTERNAL void AppendSubmission(const XmlNode& node);
+  ///@}
+
   /// Adds a copy of a document that went out to an address, or came in. False without a node.
   bool AddSendDoc(const XmlNode& xmlNode, SEND_DIRECTION eniDirection, const String& strURL = {});
 
@@ -160,6 +166,8 @@ class ZELNOR_API clsLog {
   XmlNode AddTiming(const String& strName, const String& strText);
   bool ReplaceErrors(const char* member, const String& type, const XmlNode& xmlNode);
   void ClearChildNodesOfType(const XmlNode& node, const String& strType);
+  void AppendCopy(const XmlNode& holder, const XmlNode& node);
+  void LayOpen();
   bool ReplaceCopy(const char* member, const XmlNode& holder, const XmlNode& xmlNode);
   XmlNode CopyOfFirstChild(const char* member, const XmlNode& holder);
   void AppendPeriod(const String& text);
@@ -169,6 +177,7 @@ class ZELNOR_API clsLog {
 
   XmlDocument document_;
   bool is_saved_to_date_ = false;
+  bool laid_open_ = false;
   alsAppSettings settings_;
   String log_file_path_;
   String log_directory_;

@@ -55,8 +55,7 @@ SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
     document.ResolveExternals(false);
     document.PreserveWhiteSpace(false);
     if (log_this_session_) {
-      const XmlNode logged = Required(log_).Submission();
-      logged.AppendChild(logged.OwnerDocument().ImportNode(document.DocumentElement(), true));
+      Required(log_).AppendSubmission(document.DocumentElement());
     }
     const std::int64_t generated = LogTick();
     Log("Submission generation completed in " + LogCount(generated - start) + " milliseconds");

@@ -177,12 +177,9 @@ void clsRTIController::TakeLogSnapshot() {
 // Leaves a copy of the document in the log, in place of what is there, and saves the log.
 void clsRTIController::LogSubmission(const XmlDocument& document) {
   if (!log_this_session_) return;
-  const XmlNode logged = Required(log_).Submission();
-  RemoveAllChildNodes(logged);
-  if (document && document.DocumentElement()) {
-    logged.AppendChild(logged.OwnerDocument().ImportNode(document.DocumentElement(), true));
-  }
-  Required(log_).Save();
+  Required(log_).ClearSubmission();
+  if (document && document.DocumentElement()) log_->AppendSubmission(document.DocumentElement());
+  log_->Save();
 }
 
 SUBMISSION_RESULT clsRTIController::PollSubmission(const String& strClass, const String& strCorrelationId,
@@ -207,8 +204,7 @@ SUBMISSION_RESULT clsRTIController::PollSubmission(const String& strClass, const
     message->Header_MessageDetails()->ResponsePollInterval(-1);
     if (log_this_session_) {
       Required(log_).SetSubmissionType(SubmissionType());
-      const XmlNode logged = log_->Submission();
-      logged.AppendChild(logged.OwnerDocument().ImportNode(message->Document().DocumentElement(), true));
+      log_->AppendSubmission(message->Document().DocumentElement());
     }
     const std::int64_t generated = LogTick();
     Log("Submission generation completed in " + LogCount(generated - start) + " milliseconds");

@@ -35,11 +35,9 @@ bool clsRTIController::Validate() {
     stage_text_ = "Validating data for " + GetQuickClassDescr() + ", please wait";
     cancel_requested_ = false;
     const Ref<clsGovTalkMessage> message = mobjGovTalkMessage;
-    const XmlNode logged = Required(log_).Submission();
-    RemoveAllChildNodes(logged);
-    logged.AppendChild(
-        logged.OwnerDocument().ImportNode(Required(message).Document().DocumentElement(), true));
-    Required(log_).Save();
+    Required(log_).ClearSubmission();
+    log_->AppendSubmission(Required(message).Document().DocumentElement());
+    log_->Save();
     if (!validation_required_) {
       result = true;
       SaveLog();

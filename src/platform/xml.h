@@ -168,6 +168,14 @@ class ZELNOR_API XmlNode {
   /// attribute, else its own NamespaceURI, else none.
   XmlNode AppendElement(std::string_view name) const;
 
+  /// Appends XML text that is written as it stands, instead of the nodes that it would make: a copy of a
+  /// large subtree that is kept to be written alone. A text node to readers. Nobody looks whether it is
+  /// well-formed.
+  void AppendWritten(std::string_view xml) const;
+
+  /// Whether this node was made by AppendWritten.
+  bool IsWritten() const;
+
   /// The namespace that new children of this element take; see AppendElement. Empty for other kinds of node.
   String ChildNamespace() const;
 

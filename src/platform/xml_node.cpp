@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include <libxml/parserInternals.h>
 #include <libxml/xpath.h>
 #include <libxml/xpathInternals.h>
 
@@ -580,6 +581,20 @@ XmlNode XmlNode::AppendElement(std::string_view name) const {
   if (const xmlNs* declared = DeclarationOn(parent, "")) return AppendElement(name, View(declared->href));
   if (parent->ns == nullptr || parent->ns->prefix == nullptr) return AppendNew(parent, name, parent->ns);
   return AppendElement(name, View(parent->ns->href));
+}
+
+// libxml2 has a name for texts that are written without escapes.
+void XmlNode::AppendWritten(std::string_view xml) const {
+  xmlNode* parent = Raw(*this);
+  if (parent->type != XML_ELEMENT_NODE) ThrowInvalidArgument();
+  xmlNode* text = Tree::Of(parent).NewText(xml);
+  text->name = xmlStringTextNoenc;
+  Link(parent, text, nullptr);
+}
+
+bool XmlNode::IsWritten() const {
+  const xmlNode* node = Raw(*this);
+  return node->type == XML_TEXT_NODE && node->name == xmlStringTextNoenc;
 }
 
 String XmlNode::ChildNamespace() const {

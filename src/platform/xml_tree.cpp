@@ -199,8 +199,11 @@ xmlNode* Tree::CopyOne(const xmlNode* source, NamespacePair& last) {
       }
       return copy;
     }
-    case XML_TEXT_NODE:
-      return NewText(View(source->content));
+    case XML_TEXT_NODE: {
+      xmlNode* copy = NewText(View(source->content));
+      copy->name = source->name;
+      return copy;
+    }
     case XML_CDATA_SECTION_NODE:
       return xmlNewCDataBlock(doc_, source->content, xmlStrlen(source->content));
     case XML_COMMENT_NODE:

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include <libxml/parserInternals.h>
+
 namespace zelnor {
 namespace {
 
@@ -61,6 +63,11 @@ class Writer {
       case XML_DOCUMENT_FRAG_NODE:
         return true;
       case XML_TEXT_NODE:
+        if (node->name == xmlStringTextNoenc) {
+          Flush();
+          sink_(View(node->content));
+          break;
+        }
         if (!as_loaded_ || !IsDroppedOnLoad(node)) Escaped(View(node->content), false);
         break;
       case XML_CDATA_SECTION_NODE:
