@@ -14,6 +14,7 @@
 #include "zelnor/documents/clsNILettersAndValues.h"
 #include "zelnor/documents/clsPayment.h"
 #include "zelnor/documents/clsSeconded.h"
+#include "zelnor/documents/clsSectionEAS.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsStarter.h"
 #include "zelnor/platform/conversions.h"
@@ -28,7 +29,10 @@ using Employees = vlsEmployeeValidator;
 
 // --- What the cases work on ---
 
-Ref<clsEmployee> FirstEmployee(const Scene& scene) { return scene.submission->FPS()->Employees()->Item(1); }
+Ref<clsEmployee> FirstEmployee(const Scene& scene) {
+  clsSubmission& submission = *scene.submission;
+  return submission.FPS() ? submission.FPS()->Employees()->Item(1) : submission.EAS()->Employees()->Item(1);
+}
 Ref<clsEmployment> FirstEmployment(const Scene& scene) { return FirstEmployee(scene)->Employment()->Item(1); }
 Ref<clsPayment> Payment(const Scene& scene) { return FirstEmployment(scene)->Payment(); }
 Ref<clsNILettersAndValues> FirstLetter(const Scene& scene) {
