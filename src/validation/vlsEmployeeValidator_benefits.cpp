@@ -175,13 +175,13 @@ bool vlsEmployeeValidator::ValidateAvailFromTo(const Ref<clsEmployee>& objEmploy
   static constexpr Rule kTo{.key = "AvailTo", .field = "AvailTo", .code = "E20.5.0", .ending = " Date "};
   const Rule& rule = isFrom ? kFrom : kTo;
   return CheckOf(objEmployee, rule, strErrKey, [&](Finding& found) {
+    found.value = DayText(datAvailFromTo);
     const YearDates year = TaxYearDates();
     const bool missing = isFrom && datAvailFromTo.IsZero();
     const bool too_early = !isFrom && !datAvailFromTo.IsZero() && datAvailFromTo < datAvailFrom;
     const bool outside = year.Excludes(datAvailFromTo);
     if (!missing && !too_early && !outside) return;
     const String name(rule.field);
-    found.value = DayText(datAvailFromTo);
     if (missing) found.Fail("E20.5.1", "Mandatory", name + " must be provided");
     if (too_early) {
       found.Fail("E20.5.2", "Invalid Date", "Car AvailableTo must not be before Car AvailableFrom");
@@ -199,10 +199,9 @@ bool vlsEmployeeValidator::ValidateProvided(const Ref<clsEmployee>& objEmployee,
   static constexpr Rule kRule{.key = "Provided", .field = "Provided", .code = "E20.5.0", .ending = " Date "};
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const Date provided = Required(objFreeFuel).Provided();
+    found.value = DayText(provided);
     const YearDates year = TaxYearDates();
     const bool outside = year.Excludes(provided);
-    if (!provided.IsZero() && !outside) return;
-    found.value = DayText(provided);
     if (provided.IsZero()) found.Fail("E21.1.1", "Mandatory", "Provided must be provided");
     if (outside) {
       found.Fail("E21.1.2", "Invalid Date",
@@ -218,11 +217,10 @@ bool vlsEmployeeValidator::ValidateWithdrawn(const Ref<clsEmployee>& objEmployee
       .key = "Withdrawn", .field = "Withdrawn", .code = "E20.5.0", .ending = " Date "};
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const Date withdrawn = Required(objFreeFuel).Withdrawn();
+    found.value = DayText(withdrawn);
     const YearDates year = TaxYearDates();
     const bool too_early = !withdrawn.IsZero() && withdrawn < objFreeFuel->Provided();
     const bool outside = year.Excludes(withdrawn);
-    if (!too_early && !outside) return;
-    found.value = DayText(withdrawn);
     if (too_early) {
       found.Fail("E21.3.1", "Invalid Date", "Free Fuel Withdrawn must not be before free Fuel Provided");
     }

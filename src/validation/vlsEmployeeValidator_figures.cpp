@@ -5,6 +5,10 @@
 #include "zelnor/platform/text.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
+#include <cmath>
+
+#include <fmt/format.h>
+
 namespace zelnor {
 namespace {
 
@@ -13,13 +17,16 @@ constexpr Currency kMost = Currency::FromUnits(9'999'999'999'900);
 constexpr Currency kLeast = Currency::FromUnits(-9'999'999'999'900);
 constexpr Currency kMostLoan = 99999;
 
+/// A number as text; the platform has none for what is no number or infinite.
+String Written(double value) { return std::isfinite(value) ? ToText(value) : fmt::format("{}", value); }
+
 }  // namespace
 
 bool vlsEmployeeValidator::IsWholePounds(double value) const {
   const auto too_large = [value](const RuntimeError& error) {
     return RuntimeError(
         error.Number(), "[ZELNOR.DLL::vlsEmployeeValidator.IsWholePounds",
-        "Overflow: the number " + ToText(value) + " is too large for the available comparable field types.");
+        "Overflow: the number " + Written(value) + " is too large for the available comparable field types.");
   };
   try {
     return static_cast<double>(ToLong(value)) == value;
