@@ -35,15 +35,19 @@ void Finding::ProcessingError() noexcept {
   const RuntimeError error = CurrentError();
   Handled(validator_.ClassName(), "Sub AddError", [&] {
     if (validator_.LimitReached()) return validator_.RecordDropped();
-    String text = "An error occurred while attempting to validate ";
-    if (rule_.what.empty()) {
-      text.append("the ").append(Field()).append(rule_.ending);
-    } else {
-      text.append(rule_.what);
+    String text(rule_.description);
+    if (text.empty()) {
+      text = "An error occurred while attempting to validate ";
+      if (rule_.what.empty()) {
+        text.append("the ").append(Field()).append(rule_.ending);
+      } else {
+        text.append(rule_.what);
+      }
+      text.append(error.Description());
     }
     const std::string_view field = rule_.processing_field.empty() ? Field() : rule_.processing_field;
-    validator_.AddProcessingError(validator_.FilledRecord(rule_.code, rule_.title, Source(),
-                                                          text + error.Description(), field, value, 3));
+    validator_.AddProcessingError(
+        validator_.FilledRecord(rule_.code, rule_.title, Source(), std::move(text), field, value, 3));
   });
 }
 
@@ -150,6 +154,12 @@ String Validator::Joined(std::string_view prefix, std::string_view word) {
   result.reserve(prefix.size() + 1 + word.size());
   if (!prefix.empty()) result.append(prefix).append("_");
   return result.append(word);
+}
+
+Integer IntegerValidator::ErrorCount() const {
+  Integer result = 0;
+  Handled(ClassName(), "Get ErrorCount", [&] { result = ToInteger(Validator::ErrorCount()); });
+  return result;
 }
 
 Long Validator::Percentage(Long done, Long total) {

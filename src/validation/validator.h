@@ -40,6 +40,7 @@ struct Rule {
   std::string_view what = {};
   std::string_view ending = ". ";
   std::string_view title = "Processing Error";  ///< the processing error's
+  std::string_view description = {};            ///< its whole text, where it tells nothing of the error
   std::string_view processing_field = {};       ///< its display name, where that differs from `field`
   Integer status = 3;                           ///< the severity of failures that name none
 };
@@ -214,6 +215,23 @@ class ZELNOR_API Validator {
   Kind kind_;
   CollectionRef<ErrorRecord> errors_ = MakeCollection<ErrorRecord>();
   Long max_errors_ = 0;
+};
+
+/// What the validators but that of the employees share: they count in Integers.
+class ZELNOR_API IntegerValidator : public Validator {
+ public:
+  /// As Validator::MaxErrors.
+  ///@{
+  Integer MaxErrors() const { return static_cast<Integer>(Validator::MaxErrors()); }
+  void MaxErrors(Integer value) { Validator::MaxErrors(value); }
+  ///@}
+
+  /// As Validator::ErrorCount; more than an Integer holds is shown in the host's message box as error 6, and
+  /// gives 0.
+  Integer ErrorCount() const;
+
+ protected:
+  using Validator::Validator;
 };
 
 }  // namespace zelnor

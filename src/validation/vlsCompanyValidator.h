@@ -25,9 +25,10 @@ class clsSubmission;
 ///
 /// Each rule can be called by itself and adds to the records that are there. The prefix is the path to the
 /// record, such as "Company", and empty for none. A record that isn't there gives a processing error.
-class ZELNOR_API vlsCompanyValidator : public Validator {
+class ZELNOR_API vlsCompanyValidator : public IntegerValidator {
  public:
-  vlsCompanyValidator() : Validator({"vlsCompanyValidator", "CompanyValidationErrors", "Company", true}) {}
+  vlsCompanyValidator()
+      : IntegerValidator({"vlsCompanyValidator", "CompanyValidationErrors", "Company", true}) {}
 
   /// Whether the last references of an EYU that were looked at have an ECON.
   bool IsEconPresent() const { return is_econ_present_; }

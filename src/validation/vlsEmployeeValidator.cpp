@@ -26,8 +26,7 @@ bool TellsOfEmployments(eRTISUBMISSIONTYPE type) {
 
 }  // namespace
 
-template <class Body>
-bool vlsEmployeeValidator::Walk(const String& key, Body&& body) {
+bool vlsEmployeeValidator::Walk(const String& key, const std::function<bool()>& body) {
   static constexpr Rule kRule{.key = "Employee",
                               .field = "Employees",
                               .code = "FAIL_EMPLOYEE",
@@ -35,7 +34,7 @@ bool vlsEmployeeValidator::Walk(const String& key, Body&& body) {
                               .title = "Unknown Error: Employee"};
   return Check(kRule, {}, [&](Finding& found) {
     try {
-      found.And(std::forward<Body>(body)());
+      found.And(body());
     } catch (...) {
       concerned_ = nullptr;
       found.At(key + "_Employee");

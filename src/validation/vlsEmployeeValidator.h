@@ -508,8 +508,7 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
 
   /// Runs an operation that calls several rules: `body` gives its result, a run-time error one record, which
   /// names no employee, and False. The key is read only then.
-  template <class Body>
-  bool Walk(const String& key, Body&& body);
+  bool Walk(const String& key, const std::function<bool()>& body);
 
   bool ValidateEmployee(const Ref<clsEmployee>& objEmployee, eRTISUBMISSIONTYPE eniType, const String& key);
   static String BuildEmployeeKey(const clsEmployee& employee);
@@ -530,10 +529,6 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
   static String PostcodeMask(const String& text);
 
   // --- Figures to date, NI letters, directors and benefits ---
-
-  /// Runs an operation that calls several rules: `body` gives its result, a run-time error one record, which
-  /// names no employee, and False.
-  bool WalkRecords(const String& strErrKey, const std::function<bool()>& body);
 
   struct FiguresRow;
   struct NIRow;

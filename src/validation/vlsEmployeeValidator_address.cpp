@@ -25,7 +25,6 @@ const Pattern kForeignCountry("^[A-Za-z]{1,1}[" + kAddressSet + "]{0,34}$");
 const Pattern kPostcode(
     "^(GIR[ ]{0,1}0AA)|([A-PR-UWYZa-pr-uwyz]{1}[A-HK-Ya-hk-y0-9]{1}[A-HJKSTUW0-9]{0,1}"
     "[ABEHMNPRVWXY0-9]{0,1}[ ]{0,1}[0-9]{1}[A-Za-z]{2})$");
-const Pattern kFirstOfPostcode("^[a-zA-Z]{1}$");
 const Pattern kInwardCode("[0-9]{1}[a-zA-Z]{2}$");
 
 clsEmployeeDetails& DetailsOf(const Ref<clsEmployee>& employee) {
@@ -45,11 +44,15 @@ bool BeginsWithOneOf(std::string_view text, std::string_view set) {
 
 bool vlsEmployeeValidator::ValidateAddressLines(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors,
                                                 const String& strErrKey) {
-  static constexpr Rule kRule{
-      .key = "AddressLine", .field = "Address Line", .code = "E4.6.0", .what = "the Address Lines. "};
+  static constexpr Rule kRule{.key = "AddressLine",
+                              .field = "Address Line",
+                              .code = "E4.6.0",
+                              .what = "the Address Lines. ",
+                              .processing_field = "Address Line"};
   return CheckOf(
       objEmployee, kRule, strErrKey,
       [&](Finding& found) {
+        const bool has_address = DetailsOf(objEmployee).HasAddress();  // asked first: reading one makes one
         const clsEmployeeAddress& address = AddressOf(objEmployee);
         const std::array lines = {address.Address1(), address.Address2(), address.Address3(),
                                   address.Address4()};
@@ -86,7 +89,7 @@ bool vlsEmployeeValidator::ValidateAddressLines(const Ref<clsEmployee>& objEmplo
           found.value = ToText(count);
           found.At("NoAddressLines", "Address Lines");
           found.Fail("E4.6.1c", "Invalid Address", "NoAddressLines");
-        } else if (DetailsOf(objEmployee).HasAddress()) {
+        } else if (has_address) {
           found.At("AddressLine", "Address Line");
           found.Fail("E11.4.1.2", "Mandatory",
                      "If Address is present then an entry in AddressLine or Postcode must be present");

@@ -11,7 +11,6 @@
 namespace zelnor {
 namespace {
 
-constexpr std::string_view kClass = "vlsEmployeeValidator";
 constexpr std::string_view kNoEmployment = "At least one Employment record is required.";
 
 String DayText(Date date) { return FormatDateOrDefault(date, "dd/mm/yyyy", ""); }
@@ -59,25 +58,21 @@ void TestPayrollID(Finding& found, const PayrollIDRow& row, const String& id) {
 
 bool vlsEmployeeValidator::ValidateEmployment(const Ref<clsEmployee>& objEmployee, eRTISUBMISSIONTYPE eniType,
                                               const String& strKey) {
-  const auto fail = [&](std::string_view code, std::string_view title) {
-    concerned_ = objEmployee;
-    const String source = strKey + "_Employment";
-    AddError(code, title, source, kNoEmployment, "Employment", {}, 3, GetError(source));
-    return false;
-  };
-  try {
+  static constexpr Rule kRule{.key = "Employment",
+                              .field = "Employment",
+                              .code = "FAIL_EMPLOYMENT",
+                              .title = "Unknown Error: Employment",
+                              .description = kNoEmployment};
+  return CheckOf(objEmployee, kRule, {}, [&](Finding& found) {
+    found.At(strKey + "_Employment");
     const CollectionRef<clsEmployment> employments = Required(objEmployee).Employment();
-    if (employments->Count() == 0) return fail("ERR_EMPLOYMENT", "Missing Employment");
-    bool passed = true;
+    if (employments->Count() == 0) found.Fail("ERR_EMPLOYMENT", "Missing Employment", kNoEmployment);
     for (const Ref<clsEmployment>& employment : *employments) {
       if (Required(employment).Validated()) continue;
-      passed &= ValidateOneEmployment(objEmployee, employment, eniType, strKey + "_E" + employment->PayID());
+      const String key = strKey + "_E" + employment->PayID();
+      found.And(ValidateOneEmployment(objEmployee, employment, eniType, key));
     }
-    return passed;
-  } catch (...) {
-    Handled(kClass, "Sub AddError", [&] { fail("FAIL_EMPLOYMENT", "Unknown Error: Employment"); });
-  }
-  return false;
+  });
 }
 
 bool vlsEmployeeValidator::ValidateOneEmployment(const Ref<clsEmployee>& objEmployee,
@@ -151,13 +146,11 @@ bool vlsEmployeeValidator::ValidateLeaverDate(const Ref<clsEmployee>& objEmploye
 bool vlsEmployeeValidator::ValidatePartnerDetails(const Ref<clsEmployee>& objEmployee,
                                                   const Ref<clsEmployment>& objEmployment,
                                                   const String& strErrKey) {
-  bool result = false;
-  Handled(kClass, "Function ValidatePartnerDetails", [&] {
+  return Walk(strErrKey, [&] {
     const bool concerned = !Required(objEmployment).Payment()->ASPPYTD().IsZero() ||
                            Required(objEmployee).EmployeeDetails()->HasPartnerDetails();
-    result = !concerned || ValidatePartnerShPPRule(objEmployee, objEmployment, strErrKey);
+    return !concerned || ValidatePartnerShPPRule(objEmployee, objEmployment, strErrKey);
   });
-  return result;
 }
 
 bool vlsEmployeeValidator::ValidatePartnerShPPRule(const Ref<clsEmployee>& objEmployee,

@@ -63,27 +63,10 @@ bool vlsEmployeeValidator::CheckFigure(const FiguresRow& row, const Ref<clsEmplo
   });
 }
 
-bool vlsEmployeeValidator::WalkRecords(const String& strErrKey, const std::function<bool()>& body) {
-  static constexpr Rule kRule{.key = "_Employee",
-                              .field = "Employees",
-                              .code = "FAIL_EMPLOYEE",
-                              .what = "the Employees: ",
-                              .title = "Unknown Error: Employee"};
-  return Check(kRule, {}, [&](Finding& found) {
-    try {
-      found.And(body());
-    } catch (...) {
-      concerned_ = nullptr;
-      found.At(strErrKey + String(kRule.key));
-      throw;
-    }
-  });
-}
-
 bool vlsEmployeeValidator::ValidateFiguresToDate(const Ref<clsEmployee>& objEmployee,
                                                  const Ref<clsEmployment>& objEmployment,
                                                  const String& strErrKey) {
-  return WalkRecords(strErrKey, [&] {
+  return Walk(strErrKey, [&] {
     const Ref<clsFiguresToDate> figures = Required(objEmployment).FiguresToDate();
     if (Required(figures).Validated()) return true;
     bool passed = ValidateTaxablePayYTD(objEmployee, objEmployment, strErrKey);

@@ -84,7 +84,7 @@ bool vlsEmployeeValidator::ValidateNILettersAndValues(const Ref<clsEmployee>& ob
   static constexpr std::string_view kProcessing = "E10.6.0";
   static constexpr Rule kMostLetters{.key = "MaxNILettersExceeded", .field = kField, .code = kProcessing};
   static constexpr Rule kDuplicate{.key = "DuplicateNILetter", .field = kField, .code = kProcessing};
-  return WalkRecords(strErrKey, [&] {
+  return Walk(strErrKey, [&] {
     const CollectionRef<clsNILettersAndValues> records = Required(objEmployment).NILettersAndValues();
     const Long count = records ? records->Count() : 0;
     bool all_passed = true;

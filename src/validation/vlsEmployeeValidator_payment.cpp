@@ -8,8 +8,6 @@
 namespace zelnor {
 namespace {
 
-constexpr std::string_view kClass = "vlsEmployeeValidator";
-
 const Pattern kBacsHashCode("[0-9a-f]{64}");
 
 // The anchors belong to the first and the last alternative alone: "X0T" and "BR1" pass.
@@ -26,22 +24,17 @@ String DayText(Date date) { return FormatDateOrDefault(date, "dd/mm/yyyy", ""); 
 bool vlsEmployeeValidator::ValidatePayment(const Ref<clsEmployee>& objEmployee,
                                            const Ref<clsEmployment>& objEmployment, const String& strErrKey,
                                            eRTISUBMISSIONTYPE eniType) {
-  bool result = false;
-  Handled(kClass, "Function ValidatePayment", [&] {
+  return Walk(strErrKey, [&] {
     const Ref<clsPayment> payment = PaymentOf(objEmployment);
-    if (payment->Validated()) {
-      result = true;
-      return;
-    }
+    if (payment->Validated()) return true;
     bool passed = true;
     if (eniType == eRTISUBMISSIONTYPE::IsFPS) {
       passed &= ValidatePaymentOfFPS(objEmployee, objEmployment, strErrKey, eniType);
     }
     passed &= ValidateTaxCode(objEmployee, objEmployment, strErrKey);
     payment->Validated(passed);
-    result = passed;
+    return passed;
   });
-  return result;
 }
 
 // Sick pay, neonatal care pay and the periods covered are left to callers.
@@ -144,7 +137,13 @@ bool vlsEmployeeValidator::ValidatePaymentDate(const Ref<clsEmployee>& objEmploy
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const Date paid = PaymentOf(objEmployment)->PayDate();
     if (paid.IsZero()) found.Fail("E7.2.1", "Mandatory", "Payment date must be provided");
-    const YearDates year = TaxYearDates();
+    YearDates year;
+    try {
+      year = TaxYearDates();
+    } catch (...) {
+      found.value = DayText(paid);
+      throw;
+    }
     if (year.start.IsZero() || year.end.IsZero()) return;
     if (paid < year.start || paid > year.end) {
       found.value = DayText(paid);

@@ -8,7 +8,6 @@
 namespace zelnor {
 namespace {
 
-constexpr std::string_view kClass = "vlsEmployeeValidator";
 constexpr std::string_view kDateAndDeclaration =
     "Start Date and Starting Declaration must be present for new employees";
 
@@ -34,13 +33,9 @@ int AddressLines(const Ref<clsEmployee>& employee) {
 bool vlsEmployeeValidator::ValidateStarterDetails(const Ref<clsEmployee>& objEmployee,
                                                   const Ref<clsEmployment>& objEmployment,
                                                   const String& strErrKey) {
-  bool result = false;
-  Handled(kClass, "Function ValidateStarterDetails", [&] {
+  return Walk(strErrKey, [&] {
     const Ref<clsStarter> starter = StarterOf(objEmployment);
-    if (starter->Validated()) {
-      result = true;
-      return;
-    }
+    if (starter->Validated()) return true;
     bool passed = ValidateStarterInfoEmptyGroup(objEmployee, objEmployment, strErrKey);
     if (!starter->StartDate().IsZero() || HasDeclaration(*starter) || HasSecondmentLength(*starter)) {
       passed &= ValidateStarterDate(objEmployee, objEmployment, strErrKey);
@@ -49,9 +44,8 @@ bool vlsEmployeeValidator::ValidateStarterDetails(const Ref<clsEmployee>& objEmp
     if (starter->HasOccPension()) passed &= ValidateOccPensionAmount(objEmployee, objEmployment, strErrKey);
     if (starter->IsSeconded()) passed &= ValidateSecondmentRule(objEmployee, objEmployment, strErrKey);
     starter->Validated(passed);
-    result = passed;
+    return passed;
   });
-  return result;
 }
 
 bool vlsEmployeeValidator::ValidateStarterDate(const Ref<clsEmployee>& objEmployee,

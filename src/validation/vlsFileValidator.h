@@ -18,9 +18,9 @@ class clsGovTalkMessage;
 /// checked is skipped, and one that was checked is marked with the result. No message gives a record of an
 /// unknown error from a rule, and from an operation that calls several rules a message box and False. The
 /// event MaxErrorsHit is raised for each record that the limit keeps out.
-class ZELNOR_API vlsFileValidator : public Validator {
+class ZELNOR_API vlsFileValidator : public IntegerValidator {
  public:
-  vlsFileValidator() : Validator({"vlsFileValidator", "FileValidationErrors", "File", false}) {}
+  vlsFileValidator() : IntegerValidator({"vlsFileValidator", "FileValidationErrors", "File", false}) {}
 
   /// A number for the application; nothing reads it.
   ///@{

@@ -34,8 +34,8 @@ String CotaxRefOf(clsSectionEPS& eps) {
 }  // namespace
 
 vlsPaymentForPeriodValidator::vlsPaymentForPeriodValidator()
-    : Validator({"vlsPaymentForPeriodValidator", "PaymentForPeriodValidationErrors", "Payment For Period",
-                 false}) {}
+    : IntegerValidator({"vlsPaymentForPeriodValidator", "PaymentForPeriodValidationErrors",
+                        "Payment For Period", false}) {}
 
 bool vlsPaymentForPeriodValidator::ValidateEPS(clsSectionEPS& objEPS) {
   bool result = true;

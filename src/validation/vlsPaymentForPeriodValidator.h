@@ -15,7 +15,7 @@ class clsSectionEPS;
 /// zelnor::vlsPaymentForPeriodValidator validator;
 /// if (!validator.ValidateEPS(*rti.Submission()->EPS())) std::cout << validator.ErrorCount();
 /// @endcode
-class ZELNOR_API vlsPaymentForPeriodValidator : public Validator {
+class ZELNOR_API vlsPaymentForPeriodValidator : public IntegerValidator {
  public:
   vlsPaymentForPeriodValidator();
 

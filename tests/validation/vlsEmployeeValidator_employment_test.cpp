@@ -104,5 +104,19 @@ TEST_F(EmploymentMarks, RulesLookAtNoAddressAndMakeNone) {
   EXPECT_FALSE(employee->EmployeeDetails()->HasAddress());
 }
 
+// The third failure of a Source is a processing error, here as in any rule.
+TEST_F(EmploymentMarks, AnEmployeeWithoutEmploymentsFailsThriceUnderOneSource) {
+  const auto nobody = std::make_shared<clsEmployee>();
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(validator.ValidateEmployment(nobody, kFPS, "12_A1"));
+  ASSERT_EQ(validator.ErrorCount(), 1);
+  const Ref<ErrorRecord> first = validator.Errors()->Item(1);
+  EXPECT_EQ(first->Code(), "ERR_EMPLOYMENT");
+  ASSERT_EQ(first->InnerExceptions()->Count(), 2);
+  EXPECT_EQ(first->InnerExceptions()->Item(1)->Code(), "ERR_EMPLOYMENT");
+  EXPECT_EQ(first->InnerExceptions()->Item(2)->Code(), "FAIL_EMPLOYMENT");
+  EXPECT_EQ(first->InnerExceptions()->Item(2)->Description(), "At least one Employment record is required.");
+  EXPECT_EQ(host->messages.size(), 1U);
+}
+
 }  // namespace
 }  // namespace zelnor::test
