@@ -286,8 +286,9 @@ void Account::AddCopy(const String& path) {
   if (!path.empty() && PlainFileExists(path)) copies_.push_back(SystemPath(path));
 }
 
-void LoadDocument(clsRTIController& controller, const XmlDocument& document) {
+void LoadDocument(clsRTIController& controller, XmlDocument document) {
   controller.ReadXMLDoc(document);
+  document = nullptr;  // what was read is in the records
   RequireEmployees(*controller.Submission());
   // The body is written anew, so an old mark goes; reading the property makes the record that the header's
   // writer needs.

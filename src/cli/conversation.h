@@ -123,7 +123,7 @@ class Account {
 
 /// Loads a document for sending or saving: an old mark goes, since the body is written anew. Raises
 /// CommandError as RequireEmployees does.
-void LoadDocument(clsRTIController& controller, const XmlDocument& document);
+void LoadDocument(clsRTIController& controller, XmlDocument document);
 
 /// Has the document's employees go compressed or plain; where neither is asked for, in the form in which they
 /// were read, and compressed from the document's limit on.

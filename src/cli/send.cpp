@@ -20,7 +20,7 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   const Date today = TodayOf(send.today);
   PrepareHome(options);
   const String password = PasswordOf(send.gateway);
-  const XmlDocument document = ReadMessage(send.file);
+  XmlDocument document = ReadMessage(send.file);
   const GatewayInUse gateway(send.gateway);
   if (!gateway.Remark().empty()) Tell(gateway.Remark());
   const KeptSetting validation_required("ValidationRequired");
@@ -28,7 +28,7 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   clsRTIController rti;
   if (send.no_validation) rti.ValidationRequired(false);
   if (send.gateway.no_connection_test) rti.DoInternetConnectionTest(false);
-  LoadDocument(rti, document);
+  LoadDocument(rti, std::move(document));
   if (!send.today.empty()) rti.SystemDate(today);
   rti.SubmissionMode(gateway.Mode());
   ChooseForm(rti, send.compress, send.plain);

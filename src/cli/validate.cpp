@@ -257,7 +257,7 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   const Date today = TodayOf(validate.today);
   const String format = !validate.format.empty() ? validate.format : options.json ? "json" : "text";
   PrepareHome(options);
-  const XmlDocument document = ReadMessage(validate.file);
+  XmlDocument document = ReadMessage(validate.file);
   std::vector<std::unique_ptr<KeptSetting>> kept;
   for (const char* key : {"ValidationRequired", "ValidateEnvelope", "ValidateCompany", "ValidateEmployees",
                           "ValidatePayment", "ValidateSchema"}) {
@@ -272,7 +272,7 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   rti.DoSchemaValidation(chosen.contains("schema"));
   rti.MaxErrors(static_cast<Integer>(validate.max_errors));
   if (!validate.today.empty()) rti.SystemDate(today);
-  LoadDocument(rti, document);
+  LoadDocument(rti, std::move(document));
   ChooseForm(rti, validate.compress, validate.plain);
 
   Findings found;

@@ -94,7 +94,8 @@ bool vlsSchemaValidator::ValidateSchema(const String& strClass, const XmlDocumen
     if (!xmlDoc) {
       Throw(kDocumentNotFound, "Document not found! Check XML structure is valid RTI document.");
     }
-    if (!document.LoadXML(xmlDoc.Xml()) || !document.Validate()) KeepError(document.ParseError());
+    const bool loaded = document.LoadXML(xmlDoc.Xml());
+    if (!loaded || !document.Validate()) KeepError(document.ParseError());
     if (xmlEmployeeFrag) {
       if (const XmlNode compressed = FindNodeByPath(document, strClass)) {
         const XmlNode section = compressed.ParentNode();
