@@ -11,14 +11,18 @@ _zelnor_logs() {
   done
 }
 
+# Offers the files, or with -d the folders, that begin like the word at the cursor.
+_zelnor_files() {
+  compopt -o filenames 2>/dev/null
+  mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen "$1" -- "$cur")
+}
+
 # The words after an option that takes a value. Returns 1 for an option that takes none.
 _zelnor_value() {
   local command=$1 option=$2 list=
   case $option in
-    --home | --record) mapfile -t COMPREPLY < <(compgen -d -- "$cur") ;;
-    --password-file | --save-copy | --save-another-copy | --scenario | --tls | -o | --out)
-      mapfile -t COMPREPLY < <(compgen -f -- "$cur")
-      ;;
+    --home | --record) _zelnor_files -d ;;
+    --password-file | --save-copy | --save-another-copy | --scenario | --tls | -o | --out) _zelnor_files -f ;;
     --format)
       case $command in
         validate) list="text json csv junit" ;;
@@ -85,7 +89,6 @@ _zelnor() {
     esac
   done
 
-  compopt -o filenames 2>/dev/null
   if [[ $before == --tls ]]; then prev=--tls; fi
   if _zelnor_value "$command" "$prev"; then return; fi
 
@@ -147,9 +150,7 @@ _zelnor() {
     return
   fi
   mapfile -t COMPREPLY < <(compgen -W "$arguments" -- "$cur")
-  if [[ -n $files ]]; then
-    mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -- "$cur")
-  fi
+  if [[ -n $files ]]; then _zelnor_files -f; fi
 }
 
 complete -F _zelnor zelnor
