@@ -21,7 +21,7 @@ file(GLOB zelnor_top_headers CONFIGURE_DEPENDS src/*.h)
 install(FILES ${zelnor_top_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelnor COMPONENT development)
 foreach(floor platform common documents envelope validation gateway controller)
   install(DIRECTORY src/${floor} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelnor COMPONENT development
-    FILES_MATCHING PATTERN "*.h")
+    FILES_MATCHING PATTERN "*.h" PATTERN xml_tree.h EXCLUDE)  # that one shows the library underneath
 endforeach()
 
 set(zelnor_cmake_folder ${CMAKE_INSTALL_LIBDIR}/cmake/zelnor)
