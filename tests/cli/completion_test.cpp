@@ -1,7 +1,6 @@
 // The shells' completions: they offer what the program's help tells, no less and no more.
 
 #include "cli/help.h"
-
 #include "support/temporary_folder.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +16,8 @@ String Quoted(const String& text) { return "'" + text + "'"; }
 
 /// What bash offers at the end of these words, the last of which is begun.
 std::vector<String> BashOffers(const std::vector<String>& words, const String& folder = "/") {
-  String script = "cd " + Quoted(folder) + "; source " ZELNOR_SOURCE_DIR "/completions/zelnor.bash; COMP_WORDS=(zelnor";
+  String script =
+      "cd " + Quoted(folder) + "; source " ZELNOR_SOURCE_DIR "/completions/zelnor.bash; COMP_WORDS=(zelnor";
   for (const String& word : words) script += " " + Quoted(word);
   script += "); COMP_CWORD=" + std::to_string(words.size()) + "; _zelnor; printf '%s\\n' \"${COMPREPLY[@]}\"";
   const TemporaryFolder scripts;
@@ -49,7 +49,8 @@ TEST(HelpOfTheProgram, IsUnderstoodByTheseTests) {
 TEST(BashCompletion, OffersEachCommand) {
   for (const Help& help : AllHelp()) {
     if (help.commands.empty()) continue;
-    EXPECT_THAT(BashOffers(Begun(help.command, {""})), UnorderedElementsAreArray(help.commands)) << help.command;
+    EXPECT_THAT(BashOffers(Begun(help.command, {""})), UnorderedElementsAreArray(help.commands))
+        << help.command;
   }
 }
 
@@ -102,7 +103,8 @@ TEST(BashCompletion, AnOptionsValueIsNoCommandAndNoArgument) {
   EXPECT_THAT(BashOffers({"--home", "=", "show", "n"}), testing::ElementsAre("new"));
   EXPECT_THAT(BashOffers({"validate", "--today", "2025-10-07", "f"}, folder.Path()),
               testing::ElementsAre("fps.xml"));
-  EXPECT_THAT(BashOffers({"gateway", "--tls", "fps.xml", "f"}, folder.Path()), testing::ElementsAre("fps.xml"));
+  EXPECT_THAT(BashOffers({"gateway", "--tls", "fps.xml", "f"}, folder.Path()),
+              testing::ElementsAre("fps.xml"));
   EXPECT_THAT(BashOffers({"gateway", "--tls", "fps.xml", "fps.xml", "f"}, folder.Path()), IsEmpty());
 }
 
@@ -122,7 +124,8 @@ TEST(BashCompletion, OffersTheLogsOfTheProgramsFolder) {
   const TemporaryFolder folder;
   folder.Put("home/xml/logs/Log_2026_11_21_072725.xml", "");
   std::filesystem::create_directory(folder.At("empty"));
-  for (const std::vector<String>& command : {std::vector<String>{"report"}, {"log", "show"}, {"log", "open"}}) {
+  for (const std::vector<String>& command :
+       {std::vector<String>{"report"}, {"log", "show"}, {"log", "open"}}) {
     std::vector<String> words = {"--home", folder.At("home")};
     words.insert(words.end(), command.begin(), command.end());
     words.emplace_back("");
@@ -130,8 +133,8 @@ TEST(BashCompletion, OffersTheLogsOfTheProgramsFolder) {
   }
 }
 
-/// What zsh is told of the arguments of a command: its own functions, which would offer them, are replaced by such
-/// as print what they are given.
+/// What zsh is told of the arguments of a command: its own functions, which would offer them, are replaced by
+/// such as print what they are given.
 std::vector<String> ZshSpecifications(const String& command) {
   String script = "path_to_go=(" + command +
                   ")\n"

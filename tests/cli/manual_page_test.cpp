@@ -13,8 +13,8 @@ namespace {
 
 using testing::Contains;
 
-/// What a macro that sets its words next to one another, in types by turns, makes of them: a blank stays where it is quoted
-/// or escaped.
+/// What a macro that sets its words next to one another, in types by turns, makes of them: a blank stays
+/// where it is quoted or escaped.
 String SetByTurns(const String& words) {
   String set;
   bool quoted = false;
@@ -190,7 +190,8 @@ TEST(ManualPage, HasTheExitStatusesAndTheVersionOfTheProgram) {
   std::vector<String> statuses;
   const String help = OutputOf("'" ZELNOR_PROGRAM "' --help");
   String number;
-  for (re2::StringPiece rest(help); re2::RE2::FindAndConsume(&rest, kStatus, &number);) statuses.push_back(number);
+  for (re2::StringPiece rest(help); re2::RE2::FindAndConsume(&rest, kStatus, &number);)
+    statuses.push_back(number);
   EXPECT_GE(statuses.size(), 9U);
   std::vector<String> in_page;
   for (const String& line : Section("EXIT STATUS")) {
