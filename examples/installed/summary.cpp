@@ -42,7 +42,7 @@ int Summarise(const std::string& file, const std::string& out) {
             << Format(pay, "#,##0.00") << "\n";
 
   rti.Submission()->Header()->DocIRMark()->value("");  // a new mark for what is written anew
-  rti.SystemDate(ToDate("2025-07-04"));                // the samples are of that month
+  rti.SystemDate(ToDate("2025-10-07"));                // the samples are of that month
   const SUBMISSION_RESULT result = rti.SaveSubmission(out);
   if (result != SUBMISSION_RESULT::Successful) {
     std::cerr << "Not valid; the log " << rti.ProcessingLog()->LogFilePath() << " tells why.\n";
