@@ -102,7 +102,7 @@ ZELNOR_API String ProgramFolder();
 ZELNOR_API void SetProgramFolder(std::string_view path);
 
 /// Fills the program's folder when it is missing or empty with the installed `xsd` folder and the style
-/// sheets beside it; where nothing is installed, with those of the source tree. Returns whether anything was
+/// sheets beside it; run from a build folder, with those of the source tree. Returns whether anything was
 /// copied, and False also where there is nothing to copy. After a failure what was copied is taken away
 /// again. Errors as MakeFolder and CopyFile. The classes themselves never call it.
 ZELNOR_API bool FurnishProgramFolder();

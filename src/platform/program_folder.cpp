@@ -79,8 +79,8 @@ String DataHome() {
 }
 
 /// The folders in which installed data may lie, the likeliest first: beside the library (an installation may
-/// have been moved; the library lies in lib or in lib and a folder for the machine's kind), where it was
-/// built to be installed.
+/// have been moved; the library lies in lib or in lib and a folder for the machine's kind; a build folder
+/// looks like an installation), where it was built to be installed, where packages put it.
 std::vector<String> DataFolders() {
   std::vector<String> folders;
   if (!LibraryFolder().empty()) {
@@ -88,7 +88,7 @@ std::vector<String> DataFolders() {
     folders.push_back(LibraryFolder() + "/../../share/zelnor");
   }
   folders.emplace_back(ZELNOR_INSTALLED_DATA);
-  folders.emplace_back(ZELNOR_SOURCE_DATA);
+  folders.emplace_back("/usr/share/zelnor");
   return folders;
 }
 
