@@ -215,8 +215,8 @@ String AsJunit(const Findings& found) {
 
 // Follows the stages by the percentages that they are told with.
 void Follow(clsRTIController& rti, Findings& found, ProgressLine& line) {
-  rti.events.ControllerStatus.connect([&](const String& stage_text, const String& detail, Long percent) {
-    line.Show(stage_text + " " + detail + " " + ToText(percent) + "%");
+  rti.events.ControllerStatus.connect([&](const String&, const String& detail, Long percent) {
+    line.Show(detail + " " + ToText(percent) + "%");
     for (Stage& stage : found.stages) {
       if (percent == stage.begins) {
         stage.ran = true;
@@ -225,6 +225,19 @@ void Follow(clsRTIController& rti, Findings& found, ProgressLine& line) {
         stage.milliseconds = CurrentHost()->Tick() - stage.tick;
       }
     }
+  });
+}
+
+// A bar that grows with the employees, drawn anew at each percent.
+void FollowEmployees(clsRTIController& rti, ProgressLine& line) {
+  rti.OnEmployeeProgress([&line, shown = Long{-1}](const vlsEmployeeValidator& validator) mutable {
+    if (validator.Progress() == shown) return;
+    shown = validator.Progress();
+    constexpr std::size_t kWidth = 25;
+    const std::size_t done = std::min(kWidth, kWidth * static_cast<std::size_t>(shown) / 100);
+    line.Show("Employees [" + String(done, '#') + String(kWidth - done, '.') + "] " + ToText(shown) + "%, " +
+              Format(validator.EmployeesChecked(), "#,##0") + " checked, " +
+              Format(validator.InvalidEmployees(), "#,##0") + " with errors");
   });
 }
 
@@ -281,6 +294,7 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   SetHost(host);
   ProgressLine line;
   Follow(rti, found, line);
+  FollowEmployees(rti, line);
   const bool valid = rti.Validate();
   line.End();
   SetHost(nullptr);

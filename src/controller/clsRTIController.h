@@ -291,6 +291,10 @@ class ZELNOR_API clsRTIController {
   /// The validator of the last run's employees.
   ZELNOR_INTERNAL Ref<vlsEmployeeValidator> EmployeeValidator() const { return employee_validator_; }
 
+  /// What is called after each employee that a run has checked.
+  using EmployeeProgress = std::function<void(const vlsEmployeeValidator&)>;
+  ZELNOR_INTERNAL void OnEmployeeProgress(EmployeeProgress told) { employee_progress_ = std::move(told); }
+
   /// Sends the file that SaveSubmission wrote last and the log, as one archive, to a support site; the log
   /// tells how it went. For a submission that went wrong. TLS is used wherever the server offers it. The
   /// archive is deleted afterwards. A session that isn't logged sends the file alone.
@@ -366,6 +370,7 @@ class ZELNOR_API clsRTIController {
   String ZipForSupport();
 
   Ref<vlsPaymentForPeriodValidator> payment_validator_;
+  EmployeeProgress employee_progress_;
   Ref<vlsEmployeeValidator> employee_validator_;
   Ref<vlsCompanyValidator> company_validator_;
   Ref<vlsFileValidator> file_validator_;

@@ -221,6 +221,10 @@ bool clsRTIController::ValidateEmployees(Integer intMaxErrors) {
   const bool done = Handled(kClass, "Function ValidateEmployees", [&] {
     employee_validator_ = std::make_shared<vlsEmployeeValidator>();
     employee_validator_->MaxErrors(intMaxErrors);
+    if (employee_progress_) {
+      employee_validator_->events.ProgressChanged.connect(
+          [this] { employee_progress_(*employee_validator_); });
+    }
     const std::int64_t start = LogTick();
     if (cancel_requested_) return Log(kCancelled);
     result = true;

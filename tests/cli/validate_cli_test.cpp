@@ -114,5 +114,18 @@ TEST_F(ValidateCliTest, MaxErrorsBoundsTheReport) {
   EXPECT_GE(all["errors"].size(), 1U);
 }
 
+TEST_F(ValidateCliTest, ATerminalSeesABarThatGrowsWithTheEmployees) {
+  const String command = "\"" ZELNOR_PROGRAM "\" --home \"" + folder_.At("home") + "\" validate" + kToday +
+                         "\"" + SamplePath() + "\"";
+  // `script` gives the program a terminal.
+  const String shown = folder_.At("shown.txt");
+  ASSERT_EQ(std::system(("script -qec '" + command + "' /dev/null >'" + shown + "' 2>&1 </dev/null").c_str()),
+            0);
+  const String terminal = folder_.Get("shown.txt");
+  EXPECT_THAT(terminal, HasSubstr("Employees [##....."));
+  EXPECT_THAT(terminal, HasSubstr("] 100%, 11 checked, 0 with errors"));
+  EXPECT_THAT(terminal, HasSubstr("Valid: FPS, 0 errors, 11 of 11 employees without any"));
+}
+
 }  // namespace
 }  // namespace zelnor::test

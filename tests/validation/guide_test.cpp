@@ -1,5 +1,5 @@
-// Holds docs/guide/rules.md, the table of codes, against the cases of tests/rules/ and the advice beside the guide.
-// With ZELNOR_WRITE_GUIDE set it writes the page anew.
+// Holds docs/guide/rules.md, the table of codes, against the cases of tests/rules/ and the advice beside the
+// guide. With ZELNOR_WRITE_GUIDE set it writes the page anew.
 
 #include <algorithm>
 #include <cctype>
@@ -42,8 +42,8 @@ class ByPrefix {
     for (const auto& entry : texts_) {
       const string& prefix = entry.first;
       if (!code.starts_with(prefix)) continue;
-      const bool ends = code.size() == prefix.size() || !std::isdigit(prefix.back()) ||
-                        !std::isdigit(code[prefix.size()]);
+      const bool ends =
+          code.size() == prefix.size() || !std::isdigit(prefix.back()) || !std::isdigit(code[prefix.size()]);
       if (ends && (best == nullptr || prefix.size() > best->first.size())) best = &entry;
     }
     return best;
@@ -112,7 +112,8 @@ void Collect(const Json& errors, Rows& rows) {
     if (message.empty() || title == "Processing Error" || title == "Unknown Error") continue;
     if (message.starts_with("An error occurred while attempting to validate")) continue;
     auto& texts = rows[error.at("code").get<string>()];
-    auto found = std::find_if(texts.begin(), texts.end(), [&](const auto& row) { return row.first == message; });
+    auto found =
+        std::find_if(texts.begin(), texts.end(), [&](const auto& row) { return row.first == message; });
     if (found == texts.end()) found = texts.insert(texts.end(), {message, {}});
     if (const string field = error.value("field", ""); !field.empty()) found->second.insert(field);
   }
@@ -157,15 +158,20 @@ string Page(const Rows& rows, const Advice& advice) {
   std::ostringstream page;
   page << "<!-- Made by GuideTest of rules-advice.txt and the cases in tests/rules/; don't edit. -->\n"
           "# The codes of the rule book\n\n"
-          "Each rule has a code, by which `zelnor validate`, the report and the error records name it. A code that ends in "
-          "`.0` with the title \"Processing Error\" or \"Unknown Error\" means that the rule itself could not run: a record is "
-          "missing or holds what can't be read, and the text says what went wrong. Values in the texts below are examples.\n";
+          "Each rule has a code, by which `zelnor validate`, the report and the error records name it. A "
+          "code that ends in "
+          "`.0` with the title \"Processing Error\" or \"Unknown Error\" means that the rule itself could "
+          "not run: a record is "
+          "missing or holds what can't be read, and the text says what went wrong. Values in the texts below "
+          "are examples.\n";
   for (const string& group : advice.groups) {
     bool begun = false;
     for (const auto& [code, texts] : rows) {
       const auto* heading = advice.headings.Find(code);
       if (heading == nullptr || heading->first != group) continue;
-      if (!begun) page << "\n## " << heading->second << "\n\n| Code | Field | It says | What to do |\n|---|---|---|---|\n";
+      if (!begun)
+        page << "\n## " << heading->second
+             << "\n\n| Code | Field | It says | What to do |\n|---|---|---|---|\n";
       begun = true;
       std::set<string> told;
       for (const auto& [text, fields] : texts) {
