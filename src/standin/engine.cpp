@@ -4,6 +4,7 @@
 #include "zelnor/platform/text.h"
 #include "zelnor/standin/local_gateway.h"
 #include "zelnor/standin/mark.h"
+#include "zelnor/standin/packed.h"
 
 #include <algorithm>
 #include <array>
@@ -328,7 +329,9 @@ Engine::Submission Engine::Received(const Request& request) const {
   if (request.body) {
     XmlDocument document;
     document.AppendChild(document.ImportNode(request.body, true));
-    if (const std::optional<Problem> problem = SchemaProblem(document, request.body.NamespaceURI())) {
+    if (const std::string packed = Unpack(document); !packed.empty()) {
+      add("3001", packed, location("IRenvelope"));
+    } else if (const std::optional<Problem> problem = SchemaProblem(document, request.body.NamespaceURI())) {
       add("3001", problem->text, location(problem->location));
     }
   }

@@ -1,4 +1,5 @@
-// Values that no document should hold, through reading and validation: the records that they give, and no crash.
+// Values that no document should hold, through reading and validation: the records that they give, and no
+// crash.
 
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsEmployeeDetails.h"
@@ -119,10 +120,12 @@ TEST_F(BadValuesTest, AnAmountBeyondMoneyIsToldAtTheRead) {
 }
 
 TEST_F(BadValuesTest, SixteenEmploymentsAreLookedAt) {
-  const String employment = Document().substr(Document().find("<Employment>"),
-                                              Document().find("</Employment>") + 13 - Document().find("<Employment>"));
+  const String employment =
+      Document().substr(Document().find("<Employment>"),
+                        Document().find("</Employment>") + 13 - Document().find("<Employment>"));
   String sixteen;
-  for (int i = 0; i < 16; ++i) sixteen += Replace(employment, "<TaxCode>", i == 15 ? "<TaxCode>W" : "<TaxCode>");
+  for (int i = 0; i < 16; ++i)
+    sixteen += Replace(employment, "<TaxCode>", i == 15 ? "<TaxCode>W" : "<TaxCode>");
   EXPECT_THAT(EmployeeCodes(Document(employment, sixteen)), Contains("E7.9.2"));
   EXPECT_EQ(rti_.Submission()->FPS()->Employees()->Item(1)->Employment()->Count(), 16);
 }

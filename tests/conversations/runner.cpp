@@ -162,7 +162,9 @@ void Conversation::Open() {
 void Conversation::Load(const std::string& document) {
   rti_->ReadXML(ReadFile(String(ZELNOR_SOURCE_DIR "/samples/") + document + ".xml"));
   rti_->Submission()->Header()->DocIRMark();  // the writer needs the record
-  rti_->OverrideCompression(true);
+  const bool compress = script_.Setting("compress", "no") == "yes";
+  if (compress) rti_->UseCompression(true);
+  rti_->OverrideCompression(!compress);
   rti_->SubmissionMode(ModeOf(script_.Setting("mode", "Live")));
   if (const std::vector<std::string> sender = Words(script_.Setting("sender")); sender.size() == 2) {
     auto details = std::make_shared<clsGTMSenderDetails>();

@@ -312,6 +312,45 @@ TEST_F(DepartmentTest, WhiteSpaceInTheBodyCountsForTheMark) {
   EXPECT_THAT(NumbersFor(With(Submission(), "<IRheader>", "<IRheader>\n")), ElementsAre("2021"));
 }
 
+/// The submission with its employees compressed.
+std::string Compressed() {
+  const test::TemporaryFolder folder;
+  test::OutputOf("'" ZELNOR_PROGRAM "' --home '" + folder.At("home") +
+                 "' save --compress --no-validation '" ZELNOR_SOURCE_DIR "/samples/FPS-25-26.xml' '" +
+                 folder.At("FPS.xml") + "'");
+  return folder.Get("FPS.xml");
+}
+
+TEST_F(DepartmentTest, CompressedEmployeesAreUnpackedAndChecked) {
+  Start({.schema_folder = Schemas()});
+  const std::string packed = Compressed();
+  ASSERT_NE(packed.find("<CompressedPart Type=\"zip\">"), std::string::npos);
+  EXPECT_THAT(NumbersFor(packed), ElementsAre());
+}
+
+TEST_F(DepartmentTest, AnEmployeeAgainstTheSchemaIsFoundInACompressedPart) {
+  Start({.schema_folder = Schemas()});
+  const test::TemporaryFolder folder;
+  folder.Put("employee.xml", "<Employee><EmployeeDetails></EmployeeDetails></Employee>");
+  const std::string part = test::OutputOf("gzip -c '" + folder.At("employee.xml") + "' | base64 -w 0");
+  std::string packed = Compressed();
+  const std::size_t at = packed.find('>', packed.find("<CompressedPart")) + 1;
+  packed.replace(at, packed.find("</CompressedPart>") - at, part);
+  EXPECT_THAT(NumbersFor(packed), ElementsAre("2021", "3001"));
+  EXPECT_THAT(TextsFor(packed, "Location")[1], testing::HasSubstr("fps:Employee[1]"));
+}
+
+TEST_F(DepartmentTest, ACompressedPartThatIsNoArchiveIsRejected) {
+  Start({.schema_folder = Schemas()});
+  std::string packed = Compressed();
+  const std::size_t at = packed.find('>', packed.find("<CompressedPart")) + 1;
+  const std::size_t end = packed.find("</CompressedPart>");
+  EXPECT_THAT(NumbersFor(std::string(packed).replace(at, end - at, "not Base64!")),
+              ElementsAre("2021", "3001"));
+  EXPECT_THAT(NumbersFor(std::string(packed).replace(at, end - at, "bm8gYXJjaGl2ZQ==")),
+              ElementsAre("2021", "3001"));
+}
+
 TEST_F(DepartmentTest, ADocumentAgainstItsSchemaIsRejectedWithThePlace) {
   Start({.schema_folder = Schemas()});
   std::string wrong = Submission();
