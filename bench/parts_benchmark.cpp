@@ -128,6 +128,36 @@ void UnpackText(benchmark::State& state) {
 }
 BENCHMARK(UnpackText)->Unit(benchmark::kMillisecond);
 
+// Reading and writing the employees of each kind of document: those of its sample, so many times as fit.
+void ReadAndWrite(benchmark::State& state, const char* sample, int copies) {
+  SetProgramFolder(ZELNOR_SOURCE_DIR "/build/bench-home");
+  FurnishProgramFolder();
+  const XmlDocument document;
+  document.LoadXML(ReadFile(String(ZELNOR_SOURCE_DIR "/samples/") + sample + ".xml"));
+  const std::vector<XmlNode> employees = document.GetElementsByTagName("Employee");
+  for (int i = 1; i < copies; ++i) {
+    for (const XmlNode& employee : employees) {
+      employee.ParentNode().InsertBefore(employee.CloneNode(true), employees.front());
+    }
+  }
+  for (auto _ : state) {
+    clsGovTalkMessage message;
+    message.CreateFromXML(document.DocumentElement());
+    message.SubmissionDocument()->OverrideCompression(true);
+    message.SubmissionDocument()->Header()->DocIRMark();
+    message.ForceRebuild();
+    benchmark::DoNotOptimize(message.Document());
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(employees.size()) * copies);
+}
+BENCHMARK_CAPTURE(ReadAndWrite, FPS, "FPS-25-26", 9)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadAndWrite, EAS, "EAS", 49)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadAndWrite, EYU, "EYU-19-20", 99)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadAndWrite, NVR, "NVR", 49)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadAndWrite, ManyFPS, "FPS-25-26", 900)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadAndWrite, ManyEAS, "EAS", 4900)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadAndWrite, ManyEYU, "EYU-19-20", 9900)->Unit(benchmark::kMillisecond);
+
 // The rules of the employees alone, of records that no rule has looked at yet.
 void ValidateEmployees(benchmark::State& state) {
   Process().SystemDate = Date::FromParts(2025, 10, 1);

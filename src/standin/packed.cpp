@@ -50,7 +50,8 @@ std::string Unpack(const XmlDocument& body) {
   }
   XmlDocument employees;
   // Employees without a namespace of their own are those of the section.
-  if (!employees.LoadXML("<Employees xmlns=\"" + std::string(part.NamespaceURI()) + "\">" + text + "</Employees>")) {
+  if (!employees.LoadXML("<Employees xmlns=\"" + std::string(part.NamespaceURI()) + "\">" + text +
+                         "</Employees>")) {
     return "The CompressedPart holds no employees: " + employees.ParseError().reason;
   }
   const XmlNode section = part.ParentNode();
