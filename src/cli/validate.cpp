@@ -62,19 +62,6 @@ std::set<String> ChosenStages(const String& list) {
   return chosen;
 }
 
-const char* SeverityText(Integer status) {
-  switch (status) {
-    case 0:
-      return "Information";
-    case 1:
-      return "Minor";
-    case 2:
-      return "Warning";
-    default:
-      return "Critical";
-  }
-}
-
 // An error in the shape of all formats.
 Json ErrorJson(const char* family, const ErrorRecord& error) {
   Json employee = nullptr;

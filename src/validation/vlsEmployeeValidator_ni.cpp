@@ -174,9 +174,8 @@ bool vlsEmployeeValidator::ValidateSCON(const Ref<clsEmployee>& objEmployee,
                                         eRTISUBMISSIONTYPE eniType, const String& strErrKey) {
   static constexpr Rule kRule{.key = "SCON", .field = "SCON", .code = "E9.7.0"};
   static constexpr std::string_view kInvalid =
-      "SCON is invalid. Must be in the format S1234567A, where A is one of A, B, C, D, E, F, H, J, K, L, M, "
-      "N, "
-      "P, Q, R, T, W, X or Y";
+      "SCON is invalid. Must be in the format S1234567A, where A is one of A, B, C, D, E, F, H, J, K, L, "
+      "M, N, P, Q, R, T, W, X or Y";
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const String& scon = found.value = Required(objNILetter).SCON();
     if (scon.empty()) {
