@@ -5,6 +5,8 @@
 #include "zelnor/validation/clsException.h"
 #include "zelnor/validation/clsSAXValidator.h"
 
+#include <filesystem>
+
 #include "support/recording_host.h"
 #include "support/temporary_folder.h"
 #include <gtest/gtest.h>
@@ -187,6 +189,35 @@ TEST_F(SchemaValidatorTest, SchemaThatIsNoXmlIsShown) {
   ASSERT_EQ(host->messages.size(), 1U);
   EXPECT_TRUE(host->messages[0].text.starts_with(
       "Error in ZELNOR.dll::vlsSchemaValidator: Function ValidateSchema: Error "));
+}
+
+TEST_F(SchemaValidatorTest, SchemaThatCannotBeReadIsShown) {
+  const String path = folder_.Path() + "/xsd/FullPaymentSubmission-2026-v1-0.xsd";
+  std::filesystem::remove(path);
+  std::filesystem::create_directory(path);
+  EXPECT_FALSE(validator.ValidateSchema(kFPS, Sample()));
+  EXPECT_EQ(host->messages.size(), 1U);
+}
+
+TEST_F(SchemaValidatorTest, SchemaThatIsNoSchemaIsAnError) {
+  WriteFile(folder_.Path() + "/xsd/FullPaymentSubmission-2026-v1-0.xsd",
+            "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\" targetNamespace=\"urn:x\">"
+            "<xs:element name=\"a\" type=\"nowhere\"/></xs:schema>");
+  EXPECT_FALSE(validator.ValidateSchema(kFPS, Sample()));
+  EXPECT_TRUE(validator.HasErrors());
+  EXPECT_TRUE(validator.Exception()->Description().starts_with("A schema is not usable"))
+      << validator.Exception()->Description();
+}
+
+// The envelope's schema lets any body through for which there is none.
+TEST_F(SchemaValidatorTest, SchemaOfAnotherNamespaceLeavesTheBodyUnchecked) {
+  const String path = folder_.Path() + "/xsd/FullPaymentSubmission-2026-v1-0.xsd";
+  String schema = ReadFile(path);
+  for (std::size_t at = 0; (at = schema.find("/25-26/1", at)) != String::npos;)
+    schema.replace(at, 8, "/99-00/1");
+  WriteFile(path, schema);
+  EXPECT_TRUE(validator.ValidateSchema(kFPS, Sample()));
+  EXPECT_TRUE(host->messages.empty());
 }
 
 TEST_F(SchemaValidatorTest, ClassWithoutASchemaIsShown) {
