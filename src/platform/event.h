@@ -22,7 +22,7 @@ using Event = sigc::signal<void(Args...)>;
 class Subscription {
  public:
   Subscription() = default;
-  explicit Subscription(sigc::connection connection) : connection_(std::move(connection)) {}
+  explicit Subscription(const sigc::connection& connection) : connection_(connection) {}
   Subscription(const Subscription&) = delete;
   Subscription& operator=(const Subscription&) = delete;
   Subscription(Subscription&& other) noexcept : connection_(std::exchange(other.connection_, {})) {}

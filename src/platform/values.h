@@ -39,7 +39,7 @@ class ZELNOR_API Currency {
 
   /// Written out, since g++ 12 takes `a = F();` of a class without one for a write even where F raises an
   /// error, and then drops the value that `a` had before.
-  constexpr Currency& operator=(const Currency& other) {
+  constexpr Currency& operator=(const Currency& other) {  // NOLINT(modernize-use-equals-default)
     units_ = other.units_;
     return *this;
   }
@@ -93,7 +93,7 @@ class ZELNOR_API Date {
   constexpr Date(const Date&) = default;
 
   /// Written out for the same reason as that of Currency.
-  constexpr Date& operator=(const Date& other) {
+  constexpr Date& operator=(const Date& other) {  // NOLINT(modernize-use-equals-default)
     serial_ = other.serial_;
     return *this;
   }

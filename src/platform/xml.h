@@ -26,8 +26,8 @@
 #include <vector>
 
 // The DOM library's own structures, unknown to the users of this header.
-struct _xmlNode;
-struct _xmlNs;
+struct _xmlNode;  // NOLINT(bugprone-reserved-identifier)
+struct _xmlNs;    // NOLINT(bugprone-reserved-identifier)
 
 namespace zelnor {
 
