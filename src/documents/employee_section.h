@@ -21,6 +21,9 @@ class ZELNOR_API EmployeeSection : public Record {
   };
   Events events;
 
+  EmployeeSection(const EmployeeSection&) = delete;
+  EmployeeSection& operator=(const EmployeeSection&) = delete;
+
   using Record::Validated;
   bool Validated() const override;
 
@@ -71,8 +74,6 @@ class ZELNOR_API EmployeeSection : public Record {
 
  protected:
   EmployeeSection();
-  EmployeeSection(const EmployeeSection&) = delete;
-  EmployeeSection& operator=(const EmployeeSection&) = delete;
   ~EmployeeSection() override;
 
   /// The name under which failures are shown.
