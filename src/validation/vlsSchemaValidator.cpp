@@ -32,7 +32,7 @@ String SchemaKey(const String& strClass) { return MakeSafeElementName(strClass) 
 XmlDocument LoadedSchema(const String& path) {
   const String full_path = ResolveProgramPath(path);
   if (!FileExists(full_path)) Throw(kSchemaNotFound, "XML Schema not found: " + full_path);
-  const XmlDocument schema;
+  XmlDocument schema;
   if (!schema.Load(full_path)) Throw(schema.ParseError().errorCode, schema.ParseError().reason);
   return schema;
 }
@@ -141,7 +141,7 @@ XmlDocument vlsSchemaValidator::GetXMLDocWithSchemas(const String& strClass) con
     const XmlDocument schema = LoadedSchema(path);
     schemas->Add(schema.DocumentElement().Attribute("targetNamespace").value_or(""), schema);
   }
-  const XmlDocument document;
+  XmlDocument document;
   document.ValidateOnParse(false);
   document.Async(false);
   document.ResolveExternals(true);
