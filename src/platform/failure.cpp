@@ -78,12 +78,28 @@ RuntimeError CurrentError() noexcept {
   }
 }
 
-String ErrorText(const RuntimeError& error, std::string_view class_name, std::string_view member) {
+namespace {
+
+String TextAt(const RuntimeError& error, std::string_view location) {
   if (error.Number() == kFormattedError) return error.Source() + " : " + error.Description();
-  String text = "Error in ZELNOR.dll::";
-  text.append(class_name).append(": ").append(member).append(": Error ");
-  text.append(std::to_string(error.Number())).append(" - ").append(error.Description());
+  String text = "Error in ";
+  text.append(location).append(": Error ").append(std::to_string(error.Number()));
+  text.append(" - ").append(error.Description());
   return text;
+}
+
+}  // namespace
+
+String ErrorText(const RuntimeError& error, std::string_view class_name, std::string_view member) {
+  return TextAt(error, String("ZELNOR.dll::").append(class_name).append(": ").append(member));
+}
+
+void ReportErrorAt(const RuntimeError& error, std::string_view location) noexcept {
+  try {
+    CurrentHost()->MessageBox(TextAt(error, location), kOkOnly, String(kComponent));
+  } catch (...) {
+    // As below.
+  }
 }
 
 void ReportError(const RuntimeError& error, std::string_view class_name, std::string_view member,

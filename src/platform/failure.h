@@ -89,6 +89,22 @@ bool Handled(std::string_view class_name, std::string_view member, Body&& body) 
   }
 }
 
+/// As ReportError, with the whole text of where the error came about.
+ZELNOR_API void ReportErrorAt(const RuntimeError& error, std::string_view location) noexcept;
+
+/// As Handled, with the whole text of where an error came about, such as "[ZELNOR.dll::clsSomething]:
+/// Member".
+template <class Body>
+bool HandledAt(std::string_view location, Body&& body) {
+  try {
+    std::forward<Body>(body)();
+    return true;
+  } catch (...) {
+    ReportErrorAt(CurrentError(), location);
+    return false;
+  }
+}
+
 /// Runs `body`; an error goes on to the caller with its number and description. Its source stays where it
 /// begins with
 /// "[" already, and is replaced by `bracketed` otherwise.

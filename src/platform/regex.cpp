@@ -1,6 +1,7 @@
 #include "zelnor/platform/regex.h"
 
 #include "zelnor/platform/failure.h"
+#include "zelnor/platform/text.h"
 
 #include <re2/re2.h>
 
@@ -56,10 +57,11 @@ RE2::Options OptionsFor(bool ignore_case) {
 }  // namespace
 
 struct Regex::Compiled {
-  Compiled(std::string_view pattern, bool ignore_case)
-      : matcher(WithSpacesWrittenOut(pattern), OptionsFor(ignore_case)) {}
+  Compiled(std::string_view pattern, bool ignoring_case)
+      : matcher(WithSpacesWrittenOut(pattern), OptionsFor(ignoring_case)), ignore_case(ignoring_case) {}
 
   RE2 matcher;
+  bool ignore_case;
 };
 
 Regex::Regex(std::string_view pattern, bool ignore_case)
@@ -67,7 +69,17 @@ Regex::Regex(std::string_view pattern, bool ignore_case)
   if (!compiled_->matcher.ok()) ThrowInvalidArgument();
 }
 
+// The matcher takes the long s and the sign of Kelvin for letters of the alphabet in another case; the
+// patterns don't.
 bool Regex::Test(std::string_view text) const {
+  if (compiled_->ignore_case) {
+    constexpr std::string_view kLongS = "\u017F";
+    constexpr std::string_view kKelvin = "\u212A";
+    if (text.find(kLongS) != std::string_view::npos || text.find(kKelvin) != std::string_view::npos) {
+      const String neither = Replace(Replace(text, kLongS, "\uFFFD"), kKelvin, "\uFFFD");
+      return RE2::PartialMatch(neither, compiled_->matcher);
+    }
+  }
   return RE2::PartialMatch(re2::StringPiece(text.data(), text.size()), compiled_->matcher);
 }
 

@@ -18,6 +18,7 @@
 /// @endcode
 
 #include "zelnor/platform/event.h"
+#include "zelnor/platform/failure.h"
 #include "zelnor/platform/xml.h"
 #include "zelnor/validation/error_record.h"
 
@@ -166,6 +167,16 @@ class ZELNOR_API Validator {
       found.ProcessingError();
     }
     return found.Passed();
+  }
+
+  /// Runs a rule whose own failure makes no record, but is shown in the host's message box, and gives False.
+  ///
+  /// @param location where it is said to have come about, such as "[ZELNOR.dll::cls]: Member"
+  template <class Body>
+  bool CheckAt(const String& location, const Rule& rule, std::string_view prefix, Body&& body) {
+    Finding found(*this, rule, prefix, true);
+    const bool ran = HandledAt(location, [&] { std::forward<Body>(body)(found); });
+    return ran && found.Passed();
   }
 
   /// A prefix for the rules of a record: the prefix at hand, "_" behind it unless it is empty, and a word.

@@ -14,22 +14,14 @@
 namespace zelnor {
 namespace {
 
-constexpr std::string_view kClass = "vlsPaymentForPeriodValidator";
-
 // The year in which the tax year begins that the rules serve.
 constexpr int kStartYear = 2025;
 
 const Pattern kMonth("^([1-9]|1[0-2])$");
 
-String DayText(Date day) { return day.IsZero() ? String() : Format(day, "Dd/Mm/yyyy"); }
+String DayText(Date day) { return Format(day, "Dd/Mm/yyyy"); }
 
 Date Day(int year, int month, int day) { return Date::FromParts(year, month, day); }
-
-String CotaxRefOf(clsSectionEPS& eps) {
-  const clsEmployerReferences& references = Required(eps.Employer_References());
-  return references.SAUTROrCOTAXRefType() == etaxEmpRefTaxRef::etxUseUTR ? String()
-                                                                         : references.SAUTROrCOTAXRef();
-}
 
 }  // namespace
 
@@ -38,21 +30,23 @@ vlsPaymentForPeriodValidator::vlsPaymentForPeriodValidator()
                         "Payment For Period", false}) {}
 
 bool vlsPaymentForPeriodValidator::ValidateEPS(clsSectionEPS& objEPS) {
-  bool result = true;
-  Handled(kClass, "Function ValidateEPS", [&] {
-    result &= ValidateObjects(objEPS);
-    result &= ValidateNoPaymentForPeriod(objEPS);
-    result &= ValidatePeriodOfInactivity(objEPS);
-    result &= ValidatePaymentForPeriod(objEPS);
-    result &= ValidateAccount(objEPS);
-    result &= ValidateApprenticeshipLevy(objEPS);
+  bool result = false;
+  HandledAt(Location("ValidateEPS"), [&] {
+    bool passed = true;
+    passed &= ValidateObjects(objEPS);
+    passed &= ValidateNoPaymentForPeriod(objEPS);
+    passed &= ValidatePeriodOfInactivity(objEPS);
+    passed &= ValidatePaymentForPeriod(objEPS);
+    passed &= ValidateAccount(objEPS);
+    passed &= ValidateApprenticeshipLevy(objEPS);
+    result = passed;
   });
   return result;
 }
 
 bool vlsPaymentForPeriodValidator::ValidateObjects(clsSectionEPS& objEPS) {
-  static constexpr Rule kRule{.key = "EPSContent", .field = "EPS Contents", .code = "EPSACC1.3.2"};
-  return Check(kRule, "EPSObjects", [&](Finding& found) {
+  static constexpr Rule kRule{.key = "EPSContent", .field = "EPS Contents", .code = {}};
+  return CheckAt(Location("ValidateObjects"), kRule, "EPSObjects", [&](Finding& found) {
     const bool holds = objEPS.NoPaymentForPeriod() || objEPS.HasPeriodOfInactivity() ||
                        objEPS.HasPaymentForPeriod() || objEPS.HasAccount() ||
                        objEPS.HasEmpAllowanceIndicator() || objEPS.HasApprenticeshipLevy();
@@ -67,12 +61,9 @@ bool vlsPaymentForPeriodValidator::ValidateObjects(clsSectionEPS& objEPS) {
 
 // The test of the end is today a month on, and the 5th of that month.
 bool vlsPaymentForPeriodValidator::ValidateNoPaymentForPeriod(clsSectionEPS& objEPS) {
-  static constexpr Rule kRule{.key = "No Payment for Period",
-                              .field = "No Payment for Period",
-                              .code = "EPSNP1.0.1",
-                              .title = "Invalid Date"};
+  static constexpr Rule kRule{.key = "No Payment for Period", .field = "No Payment for Period", .code = {}};
   if (!objEPS.NoPaymentForPeriod()) return true;
-  return Check(kRule, {}, [&](Finding& found) {
+  return CheckAt(Location("ValidateNoPaymentForPeriod"), kRule, {}, [&](Finding& found) {
     const Date from = objEPS.NoPaymentFrom();
     const Date to = objEPS.NoPaymentTo();
     const bool both = !from.IsZero() && !to.IsZero();
@@ -111,14 +102,12 @@ bool vlsPaymentForPeriodValidator::ValidateNoPaymentForPeriod(clsSectionEPS& obj
 }
 
 bool vlsPaymentForPeriodValidator::ValidatePeriodOfInactivity(clsSectionEPS& objEPS) {
-  static constexpr Rule kRule{.key = "PeriodOfInactivity",
-                              .field = "Period of Inactivity Date From",
-                              .code = "EPSNP1.1.1",
-                              .title = "Invalid Date"};
+  static constexpr Rule kRule{
+      .key = "PeriodOfInactivity", .field = "Period of Inactivity Date From", .code = {}};
   const Date from = objEPS.DateInactiveFrom();
   const Date to = objEPS.DateInactiveTo();
   if (from.IsZero() && to.IsZero()) return true;
-  return Check(kRule, {}, [&](Finding& found) {
+  return CheckAt(Location("ValidatePeriodOfInactivity"), kRule, {}, [&](Finding& found) {
     constexpr const char* kTitle = "Invalid Date";
     const bool both = !from.IsZero() && !to.IsZero();
     found.value = DayText(from);
@@ -142,27 +131,32 @@ bool vlsPaymentForPeriodValidator::ValidatePeriodOfInactivity(clsSectionEPS& obj
 }
 
 bool vlsPaymentForPeriodValidator::ValidatePaymentForPeriod(clsSectionEPS& objEPS) {
-  bool result = true;
-  Handled(kClass, "Function ValidatePaymentForPeriod", [&] {
-    if (!objEPS.HasPaymentForPeriod()) return;
+  bool result = false;
+  HandledAt(Location("ValidatePaymentForPeriod"), [&] {
+    result = !objEPS.HasPaymentForPeriod();
+    if (result) return;
     clsPaymentForPeriod& payment = Required(objEPS.PaymentForPeriod());
-    if (payment.Validated()) return;
-    result &= ValidateTaxMonth(payment.TaxMonth());
-    result &= ValidateSMPRecovered(payment.SMPRecovered());
-    result &= ValidateOSPPRecovered(payment.OSPPRecovered());
-    result &= ValidateSAPRecovered(payment.SAPRecovered());
-    result &= ValidateSPBPRecovered(payment.SPBPRecovered());
-    result &= ValidateASPPRecovered(payment.ASPPRecovered());
-    result &= ValidateSNCPRecovered(payment.SNCPRecovered());
-    result &= ValidateNICCompensationOnSMP(payment.NICCompensationOnSMP());
-    result &= ValidateNICCompensationOnOSPP(payment.NICCompensationOnOSPP());
-    result &= ValidateNICCompensationOnSAP(payment.NICCompensationOnSAP());
-    result &= ValidateNICCompensationOnSPBP(payment.NICCompensationOnSPBP());
-    result &= ValidateNICCompensationOnASPP(payment.NICCompensationOnASPP());
-    result &= ValidateNICCompensationOnSNCP(payment.NICCompensationOnSNCP());
-    result &= ValidateCISDeductionsSuffered(payment.CISDeductionsSuffered(), CotaxRefOf(objEPS));
-    result &= ValidateObjectRequiredRule(objEPS);
-    payment.Validated(result);
+    result = payment.Validated();
+    if (result) return;
+    bool passed = true;
+    passed &= ValidateTaxMonth(payment.TaxMonth());
+    passed &= ValidateSMPRecovered(payment.SMPRecovered());
+    passed &= ValidateOSPPRecovered(payment.OSPPRecovered());
+    passed &= ValidateSAPRecovered(payment.SAPRecovered());
+    passed &= ValidateSPBPRecovered(payment.SPBPRecovered());
+    passed &= ValidateASPPRecovered(payment.ASPPRecovered());
+    passed &= ValidateSNCPRecovered(payment.SNCPRecovered());
+    passed &= ValidateNICCompensationOnSMP(payment.NICCompensationOnSMP());
+    passed &= ValidateNICCompensationOnOSPP(payment.NICCompensationOnOSPP());
+    passed &= ValidateNICCompensationOnSAP(payment.NICCompensationOnSAP());
+    passed &= ValidateNICCompensationOnSPBP(payment.NICCompensationOnSPBP());
+    passed &= ValidateNICCompensationOnASPP(payment.NICCompensationOnASPP());
+    passed &= ValidateNICCompensationOnSNCP(payment.NICCompensationOnSNCP());
+    passed &= ValidateCISDeductionsSuffered(payment.CISDeductionsSuffered(),
+                                            Required(objEPS.Employer_References()).COTAXRef());
+    passed &= ValidateObjectRequiredRule(objEPS);
+    payment.Validated(passed);
+    result = passed;
   });
   return result;
 }
@@ -195,15 +189,19 @@ bool vlsPaymentForPeriodValidator::ValidateObjectRequiredRule(clsSectionEPS& /*o
 }
 
 bool vlsPaymentForPeriodValidator::ValidateApprenticeshipLevy(clsSectionEPS& objEPS) {
-  bool result = true;
-  Handled(kClass, "Function ValidateApprenticeshipLevy", [&] {
-    if (!objEPS.HasApprenticeshipLevy()) return;
+  bool result = false;
+  HandledAt(Location("ValidateApprenticeshipLevy"), [&] {
+    result = !objEPS.HasApprenticeshipLevy();
+    if (result) return;
     clsApprenticeshipLevy& levy = Required(objEPS.ApprenticeshipLevy());
-    if (levy.Validated()) return;
-    result &= ValidateAppLevyTaxMonth(levy.TaxMonth());
-    result &= ValidateAppLevyLevyDueYTD(levy.LevyDueYTD());
-    result &= ValidateAppLevyAnnualAllowance(levy.AnnualAllowance());
-    levy.Validated(result);
+    result = levy.Validated();
+    if (result) return;
+    bool passed = true;
+    passed &= ValidateAppLevyTaxMonth(levy.TaxMonth());
+    passed &= ValidateAppLevyLevyDueYTD(levy.LevyDueYTD());
+    passed &= ValidateAppLevyAnnualAllowance(levy.AnnualAllowance());
+    levy.Validated(passed);
+    result = passed;
   });
   return result;
 }

@@ -85,6 +85,11 @@ class ZELNOR_API vlsPaymentForPeriodValidator : public IntegerValidator {
   Integer Progress() const { return 0; }
 
  private:
+  /// Where a failure of a member is said to have come about.
+  static String Location(const char* member) {
+    return String("[ZELNOR.dll::vlsPaymentForPeriodValidator]: ") + member;
+  }
+
   bool ValidateCurrencyRange(Currency value, Currency low, Currency high, const String& strErrKey,
                              const Rule& rule, std::string_view code);
 };

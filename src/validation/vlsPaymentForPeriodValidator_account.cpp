@@ -9,8 +9,6 @@
 namespace zelnor {
 namespace {
 
-constexpr std::string_view kClass = "vlsPaymentForPeriodValidator";
-
 const Pattern kName(R"(^([A-Za-z0-9 &'\(\)\*,\-\./]{1,28})$)");
 const Pattern kNumber("^([0-9]{8})$");
 const Pattern kSortCode("^([0-9]{6})$");
@@ -40,23 +38,26 @@ auto Under(Finding& found, const char* base, const char* title) {
 }  // namespace
 
 bool vlsPaymentForPeriodValidator::ValidateAccount(clsSectionEPS& objEPS) {
-  bool result = true;
-  Handled(kClass, "Function ValidateAccount", [&] {
-    if (!objEPS.HasAccount()) return;
+  bool result = false;
+  HandledAt(Location("ValidateAccount"), [&] {
+    result = !objEPS.HasAccount();
+    if (result) return;
     clsEPSAccount& account = Required(objEPS.Account());
-    if (account.Validated()) return;
-    result &= ValidateAccountName(account);
-    result &= ValidateAccountNo(account);
-    result &= ValidateAccountSortCode(account);
-    result &= ValidateAccountRollNo(account);
-    account.Validated(result);
+    result = account.Validated();
+    if (result) return;
+    bool passed = ValidateAccountName(account);
+    passed &= ValidateAccountNo(account);
+    passed &= ValidateAccountSortCode(account);
+    passed &= ValidateAccountRollNo(account);
+    account.Validated(passed);
+    result = passed;
   });
   return result;
 }
 
 bool vlsPaymentForPeriodValidator::ValidateAccountName(clsEPSAccount& objAccount, const String& strErrKey) {
-  static constexpr Rule kRule{.key = "Account Name", .field = "Account Name", .code = "EPSACC1.0.1"};
-  return Check(kRule, strErrKey, [&](Finding& found) {
+  static constexpr Rule kRule{.key = "Account Name", .field = "Account Name", .code = {}};
+  return CheckAt(Location("ValidateAccountName"), kRule, strErrKey, [&](Finding& found) {
     const auto fail = Under(found, "Account Name", "Invalid Account Name");
     const String name = found.value = objAccount.AccountName();
     if (name.empty() && AllBlank(objAccount)) {
@@ -88,8 +89,8 @@ bool vlsPaymentForPeriodValidator::ValidateAccountName(clsEPSAccount& objAccount
 }
 
 bool vlsPaymentForPeriodValidator::ValidateAccountNo(clsEPSAccount& objAccount, const String& strErrKey) {
-  static constexpr Rule kRule{.key = "Account No", .field = "Account Number", .code = "EPSACC1.1.1"};
-  return Check(kRule, strErrKey, [&](Finding& found) {
+  static constexpr Rule kRule{.key = "Account No", .field = "Account Number", .code = {}};
+  return CheckAt(Location("ValidateAccountNo"), kRule, strErrKey, [&](Finding& found) {
     const auto fail = Under(found, "Account No", "Invalid Account Number");
     const String number = found.value = objAccount.AccountNo();
     if (number.empty() && AllBlank(objAccount)) {
@@ -117,9 +118,8 @@ bool vlsPaymentForPeriodValidator::ValidateAccountNo(clsEPSAccount& objAccount, 
 // A sort code of eight characters is told of its characters, one of any other length of its length.
 bool vlsPaymentForPeriodValidator::ValidateAccountSortCode(clsEPSAccount& objAccount,
                                                            const String& strErrKey) {
-  static constexpr Rule kRule{
-      .key = "Account Sort Code", .field = "Account Sort Code", .code = "EPSACC1.2.1"};
-  return Check(kRule, strErrKey, [&](Finding& found) {
+  static constexpr Rule kRule{.key = "Account Sort Code", .field = "Account Sort Code", .code = {}};
+  return CheckAt(Location("ValidateAccountSortCode"), kRule, strErrKey, [&](Finding& found) {
     constexpr const char* kBase = "Account Sort Code";
     constexpr const char* kTitle = "Invalid Account Sort Code";
     const auto fail = Under(found, kBase, kTitle);
@@ -148,10 +148,9 @@ bool vlsPaymentForPeriodValidator::ValidateAccountSortCode(clsEPSAccount& objAcc
 }
 
 bool vlsPaymentForPeriodValidator::ValidateAccountRollNo(clsEPSAccount& objAccount, const String& strErrKey) {
-  static constexpr Rule kRule{.key = "Account Building Society Reference",
-                              .field = "Account Building Society Reference",
-                              .code = "EPSACC1.3.1"};
-  return Check(kRule, strErrKey, [&](Finding& found) {
+  static constexpr Rule kRule{
+      .key = "Account Building Society Reference", .field = "Account Building Society Reference", .code = {}};
+  return CheckAt(Location("ValidateAccountRollNo"), kRule, strErrKey, [&](Finding& found) {
     constexpr const char* kBase = "Account Building Society Reference";
     const auto fail = Under(found, kBase, "Invalid Account Building Society Reference");
     const String number = found.value = objAccount.RollNo();

@@ -128,16 +128,14 @@ void vlsSchemaValidator::KeepError(const XmlParseError& found) {
 
 // A new document for each validation: the schemas may have changed in between.
 XmlDocument vlsSchemaValidator::GetXMLDocWithSchemas(const String& strClass) const {
-  const String submission =
-      SchemaPath(SchemaKey(strClass), GetSchemaPathFromConst(MakeSafeElementName(strClass)));
   const std::array<String, 3> paths = {
       SchemaPath("GovTalkMessage_XSD", "\\xsd\\envelope-v2-0-HMRC.xsd"),
       SchemaPath("dsig_XSD", "\\xsd\\xmldsig-core-schema.xsd"),
-      submission,
+      SchemaPath(SchemaKey(strClass), GetSchemaPathFromConst(MakeSafeElementName(strClass))),
   };
-  if (submission.empty()) Throw(kSchemaNotIdentified, "Submission Schema not identified!");
   auto schemas = std::make_shared<XmlSchemaCollection>();
   for (const String& path : paths) {
+    if (path.empty()) Throw(kSchemaNotIdentified, "Submission Schema not identified!");
     const XmlDocument schema = LoadedSchema(path);
     schemas->Add(schema.DocumentElement().Attribute("targetNamespace").value_or(""), schema);
   }

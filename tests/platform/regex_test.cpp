@@ -67,6 +67,13 @@ TEST(Regex, IgnoresCaseWhereAsked) {
   EXPECT_FALSE(Regex("^[a-z]\u00E9$", false).Test("B\u00C9"));
 }
 
+// The long s and the sign of Kelvin are no letters of the alphabet in another case.
+TEST(Regex, TakesNoForeignSignForALetterOfTheAlphabet) {
+  EXPECT_FALSE(Regex("^[a-z]+$", true).Test("\u017Fmith"));
+  EXPECT_FALSE(Regex("^[a-z]+$", true).Test("\u212Aelvin"));
+  EXPECT_TRUE(Regex("^.mith$", true).Test("\u017FMITH"));
+}
+
 TEST(Regex, RefusesAPatternThatCannotBeCompiled) {
   for (const char* pattern : {"[", "(", "a{2,1}", "*", "\\", "a{1,100000}", "(?=a)", "\xFF", "[z-a]"}) {
     EXPECT_EQ(ErrorNumberOf([&] { (void)Regex(pattern); }), 5) << pattern;

@@ -1,6 +1,7 @@
 // The operations of the rules of an Employer Payment Summary for the cases of tests/rules/.
 
 #include "zelnor/documents/clsEPSAccount.h"
+#include "zelnor/documents/clsEmployerReferences.h"
 #include "zelnor/documents/clsSectionEPS.h"
 #include "zelnor/platform/conversions.h"
 #include "zelnor/validation/vlsPaymentForPeriodValidator.h"
@@ -41,6 +42,12 @@ const AddPreparation kBlankName("AccountName", [](Scene& scene, const Json& valu
 });
 const AddPreparation kBlankRollNo("RollNo", [](Scene& scene, const Json& value) {
   EPS(scene).Account()->RollNo(value.get<String>());
+});
+
+const AddPreparation kTaxReference("UndefinedTaxReference", [](Scene& scene, const Json& value) {
+  auto references = std::make_shared<clsEmployerReferences>();
+  references->SAUTROrCOTAXRef(value.get<String>());  // of no kind
+  EPS(scene).Employer_References(references);
 });
 
 const SectionRule<&Period::ValidateEPS> kEPS("ValidateEPS");
