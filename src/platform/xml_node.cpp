@@ -3,6 +3,7 @@
 #include "zelnor/platform/xml_tree.h"
 
 #include <algorithm>
+#include <memory>
 
 #include <libxml/parserInternals.h>
 #include <libxml/xpath.h>
@@ -583,12 +584,21 @@ XmlNode XmlNode::AppendElement(std::string_view name) const {
   return AppendElement(name, View(parent->ns->href));
 }
 
-// libxml2 has a name for texts that are written without escapes.
-void XmlNode::AppendWritten(std::string_view xml) const {
+// libxml2 has a name for texts that are written without escapes. The text grows where it is to stay: it may
+// be that of a whole document.
+void XmlNode::AppendWritten(const XmlNode& copied) const {
   xmlNode* parent = Raw(*this);
   if (parent->type != XML_ELEMENT_NODE) ThrowInvalidArgument();
-  xmlNode* text = Tree::Of(parent).NewText(xml);
+  const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(), xmlBufferFree);
+  if (!buffer) throw std::bad_alloc();
+  xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
+  copied.WriteXml([&](std::string_view piece) {
+    const auto* bytes = reinterpret_cast<const xmlChar*>(piece.data());
+    if (xmlBufferAdd(buffer.get(), bytes, static_cast<int>(piece.size())) != 0) throw std::bad_alloc();
+  });
+  xmlNode* text = Tree::Of(parent).NewText({});
   text->name = xmlStringTextNoenc;
+  text->content = xmlBufferDetach(buffer.get());
   Link(parent, text, nullptr);
 }
 
