@@ -3,7 +3,6 @@
 #include "zelnor/platform/xml_tree.h"
 
 #include <algorithm>
-#include <memory>
 
 #include <libxml/parserInternals.h>
 #include <libxml/xpath.h>
@@ -239,6 +238,37 @@ XmlNode AppendNew(xmlNode* parent, std::string_view name, xmlNs* ns) {
   Link(parent, child, nullptr);
   return Handle(child);
 }
+
+// A text for libxml2 that is too large to be copied as it grows.
+class GrowingText {
+ public:
+  GrowingText() { Append({}); }
+  GrowingText(const GrowingText&) = delete;
+  GrowingText& operator=(const GrowingText&) = delete;
+  ~GrowingText() { xmlFree(text_); }
+
+  void Append(std::string_view piece) {
+    const std::size_t needed = size_ + piece.size() + 1;
+    if (needed > capacity_) {
+      const std::size_t capacity = std::max(needed, 2 * capacity_);
+      auto* larger = static_cast<xmlChar*>(xmlRealloc(text_, capacity));
+      if (larger == nullptr) throw std::bad_alloc();
+      text_ = larger;
+      capacity_ = capacity;
+    }
+    std::copy(piece.begin(), piece.end(), text_ + size_);
+    size_ += piece.size();
+    text_[size_] = 0;
+  }
+
+  // Gives the text away, for xmlFree.
+  xmlChar* Take() { return std::exchange(text_, nullptr); }
+
+ private:
+  xmlChar* text_ = nullptr;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
 
 void IgnoreError(void* /*context*/, xmlErrorPtr /*error*/) {}
 
@@ -584,21 +614,15 @@ XmlNode XmlNode::AppendElement(std::string_view name) const {
   return AppendElement(name, View(parent->ns->href));
 }
 
-// libxml2 has a name for texts that are written without escapes. The text grows where it is to stay: it may
-// be that of a whole document.
+// libxml2 has a name for texts that are written without escapes.
 void XmlNode::AppendWritten(const XmlNode& copied) const {
   xmlNode* parent = Raw(*this);
   if (parent->type != XML_ELEMENT_NODE) ThrowInvalidArgument();
-  const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(), xmlBufferFree);
-  if (!buffer) throw std::bad_alloc();
-  xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
-  copied.WriteXml([&](std::string_view piece) {
-    const auto* bytes = reinterpret_cast<const xmlChar*>(piece.data());
-    if (xmlBufferAdd(buffer.get(), bytes, static_cast<int>(piece.size())) != 0) throw std::bad_alloc();
-  });
+  GrowingText written;
+  copied.WriteXml([&](std::string_view piece) { written.Append(piece); });
   xmlNode* text = Tree::Of(parent).NewText({});
   text->name = xmlStringTextNoenc;
-  text->content = xmlBufferDetach(buffer.get());
+  text->content = written.Take();
   Link(parent, text, nullptr);
 }
 
