@@ -434,7 +434,7 @@ void clsLog::AppendCopy(const XmlNode& holder, const XmlNode& node) {
   if (laid_open_) {
     AppendNodes(holder, node);
   } else {
-    holder.AppendWritten(node.Xml());
+    holder.AppendWritten(node);
   }
 }
 

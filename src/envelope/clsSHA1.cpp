@@ -100,14 +100,26 @@ XmlDocument clsSHA1::CreateIRMark(clsGovTalkMessage& objsubmission) {
     const Places places = FindPlaces(document);
     if (places.mark) places.mark.ParentNode().RemoveChild(places.mark);
     TakeMarks(places);
-    String ns;
-    if (places.header.IsElement()) ns = places.header.ChildNamespace();
-    const XmlNode mark = document.CreateNode(XmlNodeType::Element, "IRmark", ns);
-    places.header.InsertBefore(mark, places.anchor.NextSibling());
-    mark.Attribute("Type", "generic");
-    mark.Text(base64_mark_);
+    PlaceMark(document, places);
     objsubmission.SubmissionDocument()->Header()->DocIRMark()->value(base64_mark_);
     return document;
+  } catch (...) {
+    RaiseFormatted("Sub CreateIRMark");
+  }
+}
+
+String clsSHA1::MarkedText(clsGovTalkMessage& objsubmission) {
+  try {
+    const XmlDocument document = objsubmission.Document();
+    const Places places = FindPlaces(document);
+    TakeMarks(places);
+    // The message's own document holds the new mark for as long as it is written.
+    const XmlNode mark = PlaceMark(document, places);
+    String text;
+    document.Node().WriteXml([&](std::string_view piece) { text.append(piece); }, places.mark, true);
+    places.header.RemoveChild(mark);
+    objsubmission.SubmissionDocument()->Header()->DocIRMark()->value(base64_mark_);
+    return text;
   } catch (...) {
     RaiseFormatted("Sub CreateIRMark");
   }
@@ -157,6 +169,15 @@ void clsSHA1::TakeMarks(const Places& places) {
   places.body.WriteXml(add, places.mark, true);
   base64_mark_ = DigestToBase64(BinaryText(digest.Finish())) + "=";
   base32_mark_ = Base64ToBase32(base64_mark_, kDigestBits);
+}
+
+XmlNode clsSHA1::PlaceMark(const XmlDocument& document, const Places& places) const {
+  String ns;
+  if (places.header.IsElement()) ns = places.header.ChildNamespace();
+  const XmlNode mark = document.CreateNode(XmlNodeType::Element, "IRmark", ns);
+  mark.Attribute("Type", "generic");
+  mark.Text(base64_mark_);
+  return places.header.InsertBefore(mark, places.anchor.NextSibling());
 }
 
 String clsSHA1::CreateIRMark2(const String& sXML) {

@@ -37,6 +37,9 @@ class ZELNOR_API clsSHA1 {
   /// = " after any failure, such as a text without `IRmark`.
   String CreateIRMark2(const String& sXML);
 
+  /// The `xml` text of the document that CreateIRMark returns, made without that document.
+  ZELNOR_INTERNAL String MarkedText(clsGovTalkMessage& objsubmission);
+
   /// The same as CreateIRMark where the new document isn't wanted: computes the marks of the message's own
   /// document and stores them, without a copy.
   ZELNOR_INTERNAL void MarkSubmission(clsGovTalkMessage& objsubmission);
@@ -57,6 +60,7 @@ class ZELNOR_API clsSHA1 {
 
   static Places FindPlaces(const XmlDocument& document);
   void TakeMarks(const Places& places);
+  XmlNode PlaceMark(const XmlDocument& document, const Places& places) const;
 
   static String SHA1(const String& strMessage, bool blnBinary);
   static std::int32_t LShift(std::int32_t lngValue, Integer intShiftBits);

@@ -125,19 +125,19 @@ Ref<clsGovTalkMessage> clsSOAPInterface::SendXML(const Ref<clsGovTalkMessage>& o
 // One attempt. With the cancel flag set nothing goes out, and the request is left without a response.
 void clsSOAPInterface::PostMessage(const Ref<clsGovTalkMessage>& message, const String& url, Long attempt,
                                    HttpRequest& request) {
-  XmlDocument document{nullptr};
+  String text;
   if (message->SubmissionDocument()->SubmissionType() != eRTISUBMISSIONTYPE::IsPollDoc) {
     clsSHA1 sha1;
     message->ForceRebuild();
-    document = sha1.CreateIRMark(*message);
+    text = sha1.MarkedText(*message);
     events.IRmarkGenerated(sha1.Base64Mark(), sha1.Base32Mark());
     events.SendingDocument(attempt);
     SetStatus("Attempting to send... attempt " + ToText(attempt + 1) + " of " + ToText(max_send_attempts_));
-    document.Save(SavePath() + SendFilePrefix() + ".xml");
+    WriteFile(SavePath() + SendFilePrefix() + ".xml", text);
   } else {
     SetStatus("Beginning Poll...");
     events.PollingDocument(attempt);
-    document = message->Document();
+    text = message->Document().Xml();
   }
   if (cancel_) {
     events.Cancelled();
@@ -145,7 +145,7 @@ void clsSOAPInterface::PostMessage(const Ref<clsGovTalkMessage>& message, const 
   }
   request.Open("POST", url);
   request.SetRequestHeader("Content-type", "text/xml");
-  request.Send(document);
+  request.Send(std::move(text));
   events.MessageSent(message, url);
 }
 

@@ -9,7 +9,7 @@
 namespace zelnor {
 
 /// How long a waiting loop rests between two turns, in milliseconds.
-inline constexpr std::int64_t kRest = 20;
+inline constexpr std::int64_t kRest = 10;
 
 /// One turn of a waiting loop.
 inline void YieldAndRest() {

@@ -168,10 +168,10 @@ class ZELNOR_API XmlNode {
   /// attribute, else its own NamespaceURI, else none.
   XmlNode AppendElement(std::string_view name) const;
 
-  /// Appends XML text that is written as it stands, instead of the nodes that it would make: a copy of a
-  /// large subtree that is kept to be written alone. A text node to readers. Nobody looks whether it is
-  /// well-formed.
-  void AppendWritten(std::string_view xml) const;
+  /// Appends a node's `xml` text, to be written as it stands, instead of a copy of the node: for large
+  /// subtrees that are kept to be written alone. A text node to readers. Error 91 without a node, 5 where
+  /// this is no element.
+  void AppendWritten(const XmlNode& copied) const;
 
   /// Whether this node was made by AppendWritten.
   bool IsWritten() const;

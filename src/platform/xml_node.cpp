@@ -239,6 +239,37 @@ XmlNode AppendNew(xmlNode* parent, std::string_view name, xmlNs* ns) {
   return Handle(child);
 }
 
+// A text for libxml2 that is too large to be copied as it grows.
+class GrowingText {
+ public:
+  GrowingText() { Append({}); }
+  GrowingText(const GrowingText&) = delete;
+  GrowingText& operator=(const GrowingText&) = delete;
+  ~GrowingText() { xmlFree(text_); }
+
+  void Append(std::string_view piece) {
+    const std::size_t needed = size_ + piece.size() + 1;
+    if (needed > capacity_) {
+      const std::size_t capacity = std::max(needed, 2 * capacity_);
+      auto* larger = static_cast<xmlChar*>(xmlRealloc(text_, capacity));
+      if (larger == nullptr) throw std::bad_alloc();
+      text_ = larger;
+      capacity_ = capacity;
+    }
+    std::copy(piece.begin(), piece.end(), text_ + size_);
+    size_ += piece.size();
+    text_[size_] = 0;
+  }
+
+  // Gives the text away, for xmlFree.
+  xmlChar* Take() { return std::exchange(text_, nullptr); }
+
+ private:
+  xmlChar* text_ = nullptr;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
 void IgnoreError(void* /*context*/, xmlErrorPtr /*error*/) {}
 
 }  // namespace
@@ -584,11 +615,14 @@ XmlNode XmlNode::AppendElement(std::string_view name) const {
 }
 
 // libxml2 has a name for texts that are written without escapes.
-void XmlNode::AppendWritten(std::string_view xml) const {
+void XmlNode::AppendWritten(const XmlNode& copied) const {
   xmlNode* parent = Raw(*this);
   if (parent->type != XML_ELEMENT_NODE) ThrowInvalidArgument();
-  xmlNode* text = Tree::Of(parent).NewText(xml);
+  GrowingText written;
+  copied.WriteXml([&](std::string_view piece) { written.Append(piece); });
+  xmlNode* text = Tree::Of(parent).NewText({});
   text->name = xmlStringTextNoenc;
+  text->content = written.Take();
   Link(parent, text, nullptr);
 }
 

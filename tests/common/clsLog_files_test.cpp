@@ -98,6 +98,32 @@ TEST_F(clsLogFiles, SaveWritesTheDocumentAndMakesItsFolder) {
   EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(clsLogFiles, TheFileIsTheSameWhetherOrNotSomebodyAskedForItsNodes) {
+  const XmlDocument source;
+  source.PreserveWhiteSpace(true);
+  ASSERT_TRUE(source.LoadXML(
+      "<p:a xmlns:p=\"urn:p\" xmlns=\"urn:d\">\n <b k=\"&quot;&#xA;&lt;\">&amp;&#xD;\xC2\xA3</b>"
+      "<![CDATA[<x>]]><!-- c --><c xmlns=\"\"> </c></p:a>"));
+  const auto fill = [&](clsLog& log) {
+    log.AddSubmission(source.DocumentElement());
+    log.AddSendDoc(source.DocumentElement(), SEND_DIRECTION::Outgoing, "http://localhost/");
+    log.AddSendDoc(source.DocumentElement(), SEND_DIRECTION::Incoming);
+    log.AddLatestPollResponse(source.DocumentElement());
+  };
+  clsLog log;
+  fill(log);
+  EXPECT_TRUE(log.Save());
+  const String unasked = File();
+  EXPECT_EQ(log.GetSubmission().Xml(), source.DocumentElement().Xml());
+  EXPECT_TRUE(log.Save(folder_.At("asked.xml")));
+  EXPECT_EQ(folder_.Get("asked.xml"), unasked);
+  clsLog open_at_once;
+  open_at_once.GetAsXML();
+  fill(open_at_once);
+  EXPECT_TRUE(open_at_once.Save(folder_.At("at_once.xml")));
+  EXPECT_EQ(folder_.Get("at_once.xml"), unasked);
+}
+
 TEST_F(clsLogFiles, SaveWritesNothingWhenTheFileIsUpToDate) {
   clsLog log;
   EXPECT_TRUE(log.Save());

@@ -5,7 +5,10 @@
 #include "zelnor/envelope/clsIRMark.h"
 #include "zelnor/gateway/clsSOAPInterface.h"
 
+#include <malloc.h>
+
 #include "controller/controller_fixture.h"
+#include "support/descriptors.h"
 
 namespace zelnor::test {
 namespace {
@@ -183,6 +186,56 @@ TEST_F(SendingTest, ACancelInTheValidationCancelsTheSend) {
   EXPECT_TRUE(raised);
   EXPECT_THAT(sent_, IsEmpty());
   EXPECT_EQ(Lines(rti).back(), "User cancelled during Validation process.");
+}
+
+TEST_F(SendingTest, ACancelInTheWaitOfASendReturnsAtOnce) {
+  clsRTIController rti;
+  Load(rti);
+  std::int64_t cancelled_at = -1;
+  host_->on_yield = [&] {
+    if (cancelled_at >= 0 || host_->tick < 500) return;
+    cancelled_at = host_->tick;
+    rti.Cancel();
+  };
+  EXPECT_EQ(rti.SendSubmission(), SUBMISSION_RESULT::Pending);
+  ASSERT_GE(cancelled_at, 500);
+  EXPECT_LE(host_->tick - cancelled_at, 50);
+  EXPECT_EQ(sent_.size(), 1U);
+}
+
+TEST_F(SendingTest, ACancelBetweenTwoPollsReturnsAtOnce) {
+  answers_.assign(100, Answer("acknowledgement", "submit"));
+  clsRTIController rti;
+  std::int64_t cancelled_at = -1;
+  host_->on_yield = [&] {
+    if (cancelled_at >= 0 || sent_.size() < 3) return;
+    cancelled_at = host_->tick;
+    rti.Cancel();
+  };
+  EXPECT_EQ(rti.PollSubmission("HMRC-PAYE-RTI-FPS", "ABC123"), SUBMISSION_RESULT::Pending);
+  ASSERT_GE(cancelled_at, 0);
+  EXPECT_LE(host_->tick - cancelled_at, 50);
+  EXPECT_EQ(sent_.size(), 3U);
+}
+
+TEST_F(SendingTest, ManyConversationsInOneProcessHoldNoMoreThanAFew) {
+  const std::vector<String> answers = answers_;
+  const auto converse = [&](int times) {
+    for (int i = 0; i < times; ++i) {
+      answers_ = answers;
+      sent_.clear();
+      clsRTIController rti;
+      Load(rti);
+      ASSERT_EQ(rti.SendSubmission(), SUBMISSION_RESULT::Successful);
+    }
+  };
+  const auto allocated = [] { return static_cast<std::int64_t>(mallinfo2().uordblks); };
+  converse(20);
+  const std::int64_t before = allocated();
+  const auto descriptors = OpenDescriptors();
+  converse(100);
+  EXPECT_LT(allocated() - before, 10'000);  // a hundred bytes a conversation
+  EXPECT_EQ(OpenDescriptors(), descriptors);
 }
 
 TEST_F(SendingTest, ACancelledValidationLeavesTheNextSendAlone) {

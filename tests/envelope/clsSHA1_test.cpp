@@ -227,6 +227,42 @@ TEST_F(CreateIRMark, AnEnvelopeWithoutBodyRaises) {
               StartsWith("Error in ZELNOR.dll::clsSHA1::Sub CreateIRMark: Error Number = 91 - "));
 }
 
+TEST_F(clsSHA1Test, MarkedTextIsTheTextOfTheDocumentThatCreateIRMarkReturns) {
+  const String keys = kKeys;
+  for (const String& header : {
+           keys,
+           keys + "<Sender>Company</Sender>",
+           keys + "<IRmark Type=\"generic\">old</IRmark><Sender>Company</Sender>",
+           "\n  " + keys + "\n<DefaultCurrency> </DefaultCurrency>\n<Sender>\xC2\xA3 &amp; &lt;</Sender>",
+       }) {
+    const XmlDocument document;
+    document.PreserveWhiteSpace(true);
+    ASSERT_TRUE(document.LoadXML(Envelope(header)));
+    message_.UseValidation(false);
+    message_.Document(document);
+    const String before = message_.XML();
+    const String expected = sha1_.CreateIRMark(message_).Xml();
+    clsSHA1 other;
+    EXPECT_EQ(other.MarkedText(message_), expected) << header;
+    EXPECT_EQ(other.Base64Mark(), sha1_.Base64Mark());
+    EXPECT_EQ(other.Base32Mark(), sha1_.Base32Mark());
+    EXPECT_EQ(message_.SubmissionDocument()->Header()->DocIRMark()->value(), sha1_.Base64Mark());
+    EXPECT_EQ(message_.XML(), before) << "the message's own document is as it was";
+  }
+}
+
+TEST_F(clsSHA1Test, MarkedTextRaisesWithoutAPlaceForTheMark) {
+  for (const char* header : {"<Sender>Company</Sender>", "<IRmark>old</IRmark><Keys/>"}) {
+    const XmlDocument document;
+    document.LoadXML(Envelope(header));
+    message_.Document(document);
+    const String before = message_.XML();
+    EXPECT_THAT(DescriptionOfFailure([&] { sha1_.MarkedText(message_); }),
+                StartsWith("Error in ZELNOR.dll::clsSHA1::Sub CreateIRMark: Error Number = 91 - "));
+    EXPECT_EQ(message_.XML(), before);
+  }
+}
+
 TEST_F(clsSHA1Test, MarkSubmissionStoresTheSameMark) {
   Mark(Envelope(String(kKeys) + "<Sender>Company</Sender>"));
   const String mark = sha1_.Base64Mark();

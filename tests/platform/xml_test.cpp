@@ -112,6 +112,32 @@ TEST(Xml, ANodeOnItsOwnCarriesTheDeclarationsItNeeds) {
             "<p:b xmlns:p=\"urn:p\"><c xmlns:x=\"urn:x\" xmlns=\"urn:d\" x:k=\"1\"></c></p:b>");
 }
 
+TEST(Xml, AWrittenCopyIsTheNodesTextAsItStandsThen) {
+  XmlDocument doc;
+  const XmlNode root = doc.AppendChild(doc.CreateElement("r"));
+  const XmlDocument source = Parsed("<a xmlns=\"urn:1\"><b k=\"&quot;\">&lt;&amp;</b><![CDATA[<x>]]></a>");
+  root.AppendWritten(source.DocumentElement());
+  source.DocumentElement().RemoveChild(source.DocumentElement().FirstChild());
+  root.AppendElement("last");
+  EXPECT_EQ(doc.Xml(),
+            "<r><a xmlns=\"urn:1\"><b k=\"&quot;\">&lt;&amp;</b><![CDATA[<x>]]></a><last></last></r>");
+  EXPECT_TRUE(root.FirstChild().IsWritten());
+  EXPECT_FALSE(root.LastChild().IsWritten());
+  EXPECT_EQ(root.CloneNode(true).Xml(), root.Xml());
+  root.RemoveChild(root.FirstChild());
+  EXPECT_EQ(doc.Xml(), "<r><last></last></r>");
+}
+
+TEST(Xml, AWrittenCopyOfALargeNodeIsWhole) {
+  XmlDocument doc;
+  const XmlNode source = doc.AppendChild(doc.CreateElement("r"));
+  for (int i = 0; i < 50000; ++i) source.AppendElement("e").Text(std::to_string(i));
+  const XmlDocument copy;
+  const XmlNode holder = copy.AppendChild(copy.CreateElement("h"));
+  holder.AppendWritten(source);
+  EXPECT_EQ(copy.Xml(), "<h>" + source.Xml() + "</h>");
+}
+
 TEST(Xml, SettingXmlnsChangesTheDeclarationAndWhatChildrenInheritButNotTheElementsNamespace) {
   XmlDocument doc;
   const XmlNode root = doc.AppendChild(doc.CreateElement("r"));
@@ -217,6 +243,8 @@ TEST(Xml, RefusesWhatADocumentCannotHold) {
   EXPECT_EQ(ErrorNumber([&] { b.RemoveChild(a); }), 5);
   EXPECT_EQ(ErrorNumber([&] { doc.CreateElement("1bad"); }), 5);
   EXPECT_EQ(ErrorNumber([&] { a.AppendElement("bad name"); }), 5);
+  EXPECT_EQ(ErrorNumber([&] { a.AppendWritten({}); }), 91);
+  EXPECT_EQ(ErrorNumber([&] { doc.Node().AppendWritten(b); }), 5);
   EXPECT_EQ(ErrorNumber([&] { a.SelectNodes("//["); }), 5);
   EXPECT_EQ(ErrorNumber([&] { XmlNode().Text(); }), 91);
   EXPECT_EQ(ErrorNumber([&] { XmlDocument(nullptr).Xml(); }), 91);
