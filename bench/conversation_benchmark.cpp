@@ -1,7 +1,7 @@
 // Measures how a program fares that holds conversations with a gateway, and prints a line for each figure:
 //   conversation_benchmark HOME SLOW_GATEWAY QUICK_GATEWAY DOCUMENT CONVERSATIONS
-// HOME is an empty folder for settings and logs. The slow gateway tells an interval of ten seconds and more; the
-// quick one answers at once. DOCUMENT is sent to both, not validated.
+// HOME is an empty folder for settings and logs. The slow gateway tells an interval of ten seconds and more;
+// the quick one answers at once. DOCUMENT is sent to both, not validated.
 
 #include "zelnor/common/alsAppSettings.h"
 #include "zelnor/controller/clsRTIController.h"
@@ -84,8 +84,9 @@ void Expect(SUBMISSION_RESULT expected, SUBMISSION_RESULT result) {
     throw std::runtime_error("a conversation ended with " + std::to_string(static_cast<int>(result)));
 }
 
-// Waits for the first poll, `wait` milliseconds of it unmeasured for the send to settle and as many measured, and
-// cancels then. Returns the share of a core that the wait took and the milliseconds from the cancel to the return.
+// Waits for the first poll, `wait` milliseconds of it unmeasured for the send to settle and as many measured,
+// and cancels then. Returns the share of a core that the wait took and the milliseconds from the cancel to
+// the return.
 struct Waited {
   double share_of_core;
   double cancel_ms;
@@ -130,16 +131,18 @@ void Measure(const char* const* arguments) {
   zelnor::SetHost(host);
 
   UseGateway(arguments[1]);
-  std::printf("%-44s %8.2f %%\n", "CPU while waiting, of one core", 100 * WaitAndCancel(*host, document, 4000).share_of_core);
+  std::printf("%-44s %8.2f %%\n", "CPU while waiting, of one core",
+              100 * WaitAndCancel(*host, document, 4000).share_of_core);
   std::vector<double> cancels;
   for (int i = 0; i < 11; ++i) cancels.push_back(WaitAndCancel(*host, document, 40 + 7 * i).cancel_ms);
   std::sort(cancels.begin(), cancels.end());
-  std::printf("%-44s %8.1f ms %8.1f ms\n", "from a cancel to the return, median, longest", cancels[cancels.size() / 2],
-              cancels.back());
+  std::printf("%-44s %8.1f ms %8.1f ms\n", "from a cancel to the return, median, longest",
+              cancels[cancels.size() / 2], cancels.back());
 
   UseGateway(arguments[2]);
   const auto converse = [&](int times) {
-    for (int i = 0; i < times; ++i) Expect(SUBMISSION_RESULT::Successful, Loaded(document)->SendSubmission("sender", "password"));
+    for (int i = 0; i < times; ++i)
+      Expect(SUBMISSION_RESULT::Successful, Loaded(document)->SendSubmission("sender", "password"));
   };
   const int warm_up = conversations / 10;
   converse(warm_up);
@@ -158,7 +161,8 @@ void Measure(const char* const* arguments) {
 
 int main(int count, char** arguments) {
   if (count != 6) {
-    std::fprintf(stderr, "usage: conversation_benchmark HOME SLOW_GATEWAY QUICK_GATEWAY DOCUMENT CONVERSATIONS\n");
+    std::fprintf(stderr,
+                 "usage: conversation_benchmark HOME SLOW_GATEWAY QUICK_GATEWAY DOCUMENT CONVERSATIONS\n");
     return 2;
   }
   try {

@@ -82,7 +82,7 @@ String AbsolutePath(const String& path) {
 }
 
 XmlDocument ReadMessage(const String& path) {
-  const XmlDocument document;
+  XmlDocument document;
   if (!document.Load(path == "-" ? "/dev/stdin" : AbsolutePath(path))) Refuse(path, document.ParseError());
   const XmlNode root = document.DocumentElement();
   const String ns = root.NamespaceURI();

@@ -175,7 +175,7 @@ Ref<clsGovTalkMessage> clsSOAPInterface::ReadAnswer(clsGovTalkMessage& sent, con
 
 Ref<clsGovTalkMessage> clsSOAPInterface::FailedConnection(clsGovTalkMessage& sent, const String& text) {
   processing_status_ = SEND_STATUS::ConnectionFailed;
-  const Ref<clsGovTalkMessage> response = ErrorAnswer(sent, true, text);
+  Ref<clsGovTalkMessage> response = ErrorAnswer(sent, true, text);
   SetStatus("Failed to connect to the Government Gateway.");
   events.ResponseReceived(response);
   return response;

@@ -260,7 +260,7 @@ std::optional<Engine::Problem> Engine::ProblemOf(const Request& request) const {
   if (request.root.BaseName() != "GovTalkMessage" || request.root.NamespaceURI() != kEnvelope) {
     return Problem{.number = "1001", .text = "The message is no GovTalk message."};
   }
-  if (const std::optional<Problem> problem = SchemaProblem(request.document, kEnvelope)) return problem;
+  if (std::optional<Problem> problem = SchemaProblem(request.document, kEnvelope)) return problem;
   const bool known_function = request.function == "submit" || request.function == "delete";
   if (!known_function || (request.qualifier != "request" && request.qualifier != "poll")) {
     return Problem{.number = "1001", .text = "Qualifier and Function are none that this gateway serves."};
