@@ -235,8 +235,11 @@ bool vlsEmployeeValidator::ValidateWithdrawn(const Ref<clsEmployee>& objEmployee
 bool vlsEmployeeValidator::ValidateTrivialCommutationPayment(const Ref<clsEmployee>& objEmployee,
                                                              const Ref<clsEmployment>& objEmployment,
                                                              const String& strErrKey) {
-  static constexpr Rule kRule{
-      .key = "", .field = "Trivial Commutation Payments", .code = "E7.27.0", .processing_field = "N/A"};
+  static constexpr Rule kRule{.key = "",
+                              .field = "N/A",
+                              .code = "E7.27.0",
+                              .what = "the Trivial Commutation Payments. ",
+                              .processing_field = "N/A"};
   static constexpr Currency kBound = 99999;
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const Ref<clsPayment> payment = Required(objEmployment).Payment();
