@@ -183,7 +183,7 @@ void ConversationHost::Yield() {
 
 ConnectionState ConversationHost::Connection() {
   if (loopback_) return {true, kConnectionLan | kConnectionConfigured};
-  return DefaultHost::Connection();
+  return TerminalHost::Connection();
 }
 
 Account::Account(clsRTIController& controller)

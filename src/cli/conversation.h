@@ -7,7 +7,7 @@
 #include "zelnor/cli/command.h"
 #include "zelnor/cli/progress_line.h"
 #include "zelnor/controller/clsRTIController.h"
-#include "zelnor/platform/host.h"
+#include "zelnor/platform/terminal_host.h"
 #include "zelnor/standin/local_gateway.h"
 
 #include <map>
@@ -60,7 +60,7 @@ class GatewayInUse {
 };
 
 /// The host of a conversation: a loopback target counts as connected, an interrupt cancels.
-class ConversationHost : public DefaultHost {
+class ConversationHost : public TerminalHost {
  public:
   ConversationHost(clsRTIController& controller, bool loopback)
       : controller_(controller), loopback_(loopback) {}

@@ -1,5 +1,6 @@
 #include "zelnor/common/frmMsgBox2.h"
 
+#include "zelnor/platform/dialog.h"
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/host.h"
 
@@ -15,12 +16,15 @@ Long frmMsgBox2::ShowMessageBox(const String& strMessage, Long lngStyle, const S
       if (!strCheckboxText.empty()) checkbox_text_ = strCheckboxText;
     }
     if (lngStyle >= 0) Style(lngStyle);
+    const bool styled = icon_part_ != 0;
     const DialogAnswer answer = CurrentHost()->ShowDialog({.message = message_,
-                                                           .style = icon_part_ + button_part_,
+                                                           .style = styled ? icon_part_ + button_part_ : -1,
                                                            .title = title_,
                                                            .style_ext = style_ext_,
                                                            .checkbox_text = checkbox_text_});
-    result_ = answer.result;
+    // No caption of the application's own has a result of its own.
+    const bool known = answer.result >= 1 && answer.result <= 9;
+    result_ = known ? answer.result : kDialogCancelled;
     dont_show_again_ = style_ext_ == 1 && answer.checked;
   });
   return result_;
@@ -44,18 +48,9 @@ void frmMsgBox2::Style(Long value) {
   if (value >= 0) ProcessButtons(value);
 }
 
-// The bounds lie one above each icon's number, so that a bare icon is taken for the one below it.
 void frmMsgBox2::ProcessButtons(Long style) {
-  if (style >= 65) {
-    icon_part_ = 64;
-  } else if (style >= 49) {
-    icon_part_ = 48;
-  } else if (style >= 33) {
-    icon_part_ = 32;
-  } else {
-    icon_part_ = 16;
-  }
-  button_part_ = style - icon_part_;
+  icon_part_ = DialogIconPart(style);
+  button_part_ = DialogButtonPart(style);
 }
 
 Long frmMsgBox2::IconPart() const { return icon_part_; }

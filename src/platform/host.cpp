@@ -1,6 +1,7 @@
 #include "zelnor/platform/host.h"
 
 #include "zelnor/platform/connection.h"
+#include "zelnor/platform/dialog.h"
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/local_time.h"
@@ -25,35 +26,8 @@ extern char** environ;  // NOLINT(readability-redundant-declaration)
 namespace zelnor {
 namespace {
 
-constexpr Long kOk = 1;
-constexpr Long kCancel = 2;
-constexpr Long kIgnore = 5;
-constexpr Long kNo = 7;
-
 /// The result of a button set's last button.
-Long LastButton(Long button_part) {
-  switch (button_part) {
-    case 1:
-    case 3:
-    case 5:
-      return kCancel;
-    case 2:
-    case 6:
-      return kIgnore;
-    case 4:
-      return kNo;
-    default:
-      return kOk;
-  }
-}
-
-/// The button part of a dialog's style; what is left when its icon part is taken away.
-Long DialogButtonPart(Long style) {
-  if (style >= 65) return style - 64;
-  if (style >= 49) return style - 48;
-  if (style >= 33) return style - 32;
-  return style - 16;
-}
+Long LastButton(Long button_part) { return DialogResult(DialogCaptions(button_part).back()); }
 
 /// Control characters could steer the terminal that shows the line, and a line end would make it two.
 void WriteLine(const String& text, const String& title) {

@@ -30,7 +30,7 @@ inline constexpr Long kExclamationIcon = 48;
 /// What the dialog with a check box is asked to show.
 struct DialogRequest {
   String message;
-  Long style = 0;  ///< icon part (16, 32, 48, 64) plus button part (0 to 6)
+  Long style = 0;  ///< icon part plus button part, see dialog.h; negative where none was ever given
   String title;
   Long style_ext = 0;  ///< 1 shows the check box
   String checkbox_text;

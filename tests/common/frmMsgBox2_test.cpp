@@ -119,3 +119,25 @@ TEST(frmMsgBox2, PassesErrorsOnUnderItsName) {
 }
 
 TEST(frmMsgBox2, LeavesASourceInBrackets) { EXPECT_EQ(ErrorOfShowing("[A]: B").Source(), "[A]: B"); }
+
+TEST(frmMsgBox2, AnAnswerThatNoButtonHasIsCancel) {
+  const WithRecordingHost host;
+  frmMsgBox2 box;
+  for (const Long unknown : {0, -1, 10}) {
+    host->answer = {unknown, false};
+    EXPECT_EQ(box.ShowMessageBox("M", 38), 2) << unknown;
+    EXPECT_EQ(box.Result(), 2);
+  }
+}
+
+TEST(frmMsgBox2, BeforeTheFirstStyleThereIsNone) {
+  const WithRecordingHost host;
+  frmMsgBox2 box;
+  box.ShowMessageBox("M");
+  EXPECT_EQ(host->dialogs[0].style, -1);
+  EXPECT_EQ(box.IconPart(), 0);
+  EXPECT_EQ(box.ButtonPart(), 0);
+  box.ShowMessageBox("M", 0);
+  EXPECT_EQ(host->dialogs[1].style, 0);
+  EXPECT_EQ(box.IconPart(), 16);
+}
