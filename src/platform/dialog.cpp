@@ -21,8 +21,8 @@ struct NamedResult {
 };
 
 constexpr NamedResult kResults[] = {
-    {"ok", 1},     {"cancel", 2}, {"abort", 3}, {"retry", 4},   {"ignore", 5},
-    {"yes", 6},    {"no", 7},     {"combine", 8}, {"replace", 9},
+    {"ok", 1},  {"cancel", 2}, {"abort", 3},   {"retry", 4},   {"ignore", 5},
+    {"yes", 6}, {"no", 7},     {"combine", 8}, {"replace", 9},
 };
 
 }  // namespace

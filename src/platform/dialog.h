@@ -24,8 +24,8 @@ inline constexpr Long kDialogAsterisk = 64;
 /// The answer of a dialog that is closed without any button.
 inline constexpr Long kDialogCancelled = 2;
 
-/// The icon of a style: 64 from 65 up, 48 from 49 up, 32 from 33 up, else 16, so that a bare icon is taken for
-/// the one below it. A negative style, which stands for none, has the asterisk.
+/// The icon of a style: 64 from 65 up, 48 from 49 up, 32 from 33 up, else 16, so that a bare icon is taken
+/// for the one below it. A negative style, which stands for none, has the asterisk.
 ZELNOR_API Long DialogIconPart(Long style);
 
 /// What is left of a style without its icon: 0 to 6 choose a set of buttons. 0 for a negative style.

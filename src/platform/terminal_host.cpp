@@ -49,7 +49,8 @@ String Plain(std::string_view text) {
   String plain;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);
-    const bool long_control = byte == 0xC2 && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
+    const bool long_control =
+        byte == 0xC2 && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
     if (byte == '\r') continue;
     if (long_control) ++i;
     plain += byte == '\n' || (byte >= 32 && byte != 127 && !long_control) ? text[i] : ' ';
@@ -66,9 +67,9 @@ String OnOneLine(std::string_view text) {
 }
 
 struct Button {
-  String name;    ///< "Combine"
-  String shown;   ///< "(C)ombine"
-  char key = 0;   ///< 'c'
+  String name;   ///< "Combine"
+  String shown;  ///< "(C)ombine"
+  char key = 0;  ///< 'c'
   Long result = 0;
 };
 

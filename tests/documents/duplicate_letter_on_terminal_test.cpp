@@ -2,13 +2,14 @@
 
 #include "zelnor/platform/terminal_host.h"
 
+#include <functional>
+#include <thread>
+
 #include "support/duplicate_letter.h"
 #include "support/scoped_environment.h"
 #include "support/terminal.h"
-#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <thread>
 
 using namespace zelnor;
 using namespace zelnor::test;

@@ -41,7 +41,8 @@ TEST(Dialog, EachSetOfButtonsHasItsCaptions) {
 }
 
 TEST(Dialog, ACaptionGivesItsResult) {
-  const char* const captions[] = {"&Ok", "&Cancel", "&Abort", "&Retry", "&Ignore", "&Yes", "&No", "&Combine", "&Replace"};
+  const char* const captions[] = {"&Ok",  "&Cancel", "&Abort",   "&Retry",  "&Ignore",
+                                  "&Yes", "&No",     "&Combine", "&Replace"};
   Long result = 0;
   for (const char* const caption : captions) EXPECT_EQ(DialogResult(caption), ++result) << caption;
   EXPECT_EQ(DialogResult("rEpl&ace"), 9);

@@ -2,10 +2,11 @@
 
 #include "zelnor/platform/terminal_host.h"
 
-#include "support/scoped_environment.h"
-#include "support/terminal.h"
 #include <csignal>
 #include <future>
+
+#include "support/scoped_environment.h"
+#include "support/terminal.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -80,7 +81,8 @@ TEST(TerminalDialog, ShowsAllOfTheQuestionAsPlainText) {
 }
 
 TEST(TerminalDialog, NamesEachIconByAWord) {
-  for (const auto& [style, word] : {std::pair{17, "Stop: T"}, std::pair{33, "Question: T"}, std::pair{49, "Warning: T"}, std::pair{65, "Note: T"}}) {
+  for (const auto& [style, word] : {std::pair{17, "Stop: T"}, std::pair{33, "Question: T"},
+                                    std::pair{49, "Warning: T"}, std::pair{65, "Note: T"}}) {
     Asked asked({"M", style, "T", 0, ""});
     EXPECT_THAT(asked.terminal.WaitFor("(C)ancel"), HasSubstr(word));
     asked.terminal.WaitFor("\x1b[K");
@@ -144,9 +146,7 @@ TEST(TerminalDialog, EscapeAndCtrlDCancel) {
   EXPECT_TRUE(AnswerTo(" \x1b").checked) << "the check box tells what it shows";
 }
 
-TEST(TerminalDialog, OtherKeysAreLeftAlone) {
-  EXPECT_EQ(AnswerTo("q1\x1b[5~\x1b[15~\xc3\xa9r").result, 9);
-}
+TEST(TerminalDialog, OtherKeysAreLeftAlone) { EXPECT_EQ(AnswerTo("q1\x1b[5~\x1b[15~\xc3\xa9r").result, 9); }
 
 TEST(TerminalDialog, CtrlCCancelsAndInterrupts) {
   struct sigaction before {};
@@ -167,7 +167,11 @@ TEST(TerminalDialog, APersonWhoHangsUpCancels) {
 }
 
 TEST(TerminalDialog, NothingInTheMessageSteersTheTerminal) {
-  Asked asked({"a\x1b[2Jb\x07" "c\xc2\x9b" "d\te\xc3\xa9", 36, "t\x1b]0;x\n", 1, "k\x1b\n"});
+  Asked asked(
+      {"a\x1b[2Jb\x07"
+       "c\xc2\x9b"
+       "d\te\xc3\xa9",
+       36, "t\x1b]0;x\n", 1, "k\x1b\n"});
   const String screen = asked.terminal.WaitFor("(N)o");
   EXPECT_THAT(screen, HasSubstr("a [2Jb c d e\xc3\xa9\r\n"));
   EXPECT_THAT(screen, HasSubstr("Question: t ]0;x \r\n"));

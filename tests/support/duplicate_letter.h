@@ -30,8 +30,8 @@ class DuplicateLetter {
 
   /// Adds a row of letter A with so many pounds at the LEL; raises the question from the second on.
   void AddRow(int at_lel) {
-    job_.AddNILettersAndVals("A", Currency(), Currency(), Currency(at_lel), Currency(), Currency(), Currency(),
-                             Currency(), Currency(), Currency(), Currency());
+    job_.AddNILettersAndVals("A", Currency(), Currency(), Currency(at_lel), Currency(), Currency(),
+                             Currency(), Currency(), Currency(), Currency(), Currency());
   }
 
   /// The rows' amounts at the LEL: "100.00 250.00".
