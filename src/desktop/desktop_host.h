@@ -25,8 +25,8 @@ class ZELNOR_API DesktopHost : public DefaultHost {
   /// Whether there is a screen to show a window on.
   static bool HasScreen();
 
-  /// Shows the window until it is answered, and keeps the message as the DefaultHost does, which answers where
-  /// there is no screen.
+  /// Shows the window until it is answered, and keeps the message as the DefaultHost does, which answers
+  /// where there is no screen.
   DialogAnswer ShowDialog(const DialogRequest& request) override;
 
   /// As ShowDialog. The style's icon (16, 32, 48, 64) and buttons (0 to 5) are added as in the system's own

@@ -3,11 +3,10 @@
 #include "zelnor/desktop/dialog_icon.h"
 #include "zelnor/platform/dialog.h"
 
-#include <algorithm>
-
 #include <FL/Fl.H>
 #include <FL/Fl_Scroll.H>
 #include <FL/fl_draw.H>
+#include <algorithm>
 
 namespace zelnor {
 namespace {

@@ -5,8 +5,8 @@
 
 namespace zelnor {
 
-/// Opens the screen for the windows, unless it is open. False where there is none: to be asked before anything
-/// is drawn or measured, which would otherwise end the process.
+/// Opens the screen for the windows, unless it is open. False where there is none: to be asked before
+/// anything is drawn or measured, which would otherwise end the process.
 bool OpenDisplay();
 
 }  // namespace zelnor
