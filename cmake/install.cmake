@@ -75,3 +75,12 @@ if(TARGET zelnor_program)
     file(INSTALL \"${PROJECT_SOURCE_DIR}/completions/_zelnor\"
       DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${folder}\")" COMPONENT program)
 endif()
+
+# ---- desktop: the dialog in a window, and what an application is built with to show it
+
+if(TARGET zelnor_desktop)
+  install(TARGETS zelnor_desktop EXPORT zelnorDesktopTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT desktop NAMELINK_SKIP)
+  install(FILES src/desktop/desktop_host.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelnor/desktop COMPONENT desktop)
+  install(EXPORT zelnorDesktopTargets NAMESPACE zelnor:: DESTINATION ${zelnor_cmake_folder} COMPONENT desktop)
+endif()

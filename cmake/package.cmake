@@ -75,11 +75,13 @@ It completes its commands and options in bash and zsh.")
 endif()
 
 if(TARGET zelnor_desktop)
-  package(desktop zelnor-desktop utils
-    "Real Time Information reporting to HMRC - desktop dialog"
-    "Shows a payroll clerk in a window what becomes of a submission, and asks
-there for the decisions that libzelnor leaves to a person.")
+  package(desktop zelnor-desktop libs
+    "Real Time Information reporting to HMRC - dialog in a window"
+    "Payroll applications with a desktop load this library beside libzelnor, to
+ask a payroll clerk in a window for the decisions that libzelnor leaves to a
+person.")
   set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "libzelnor ${same}")
+  set(CPACK_DEBIAN_DESKTOP_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers)
 endif()
 
 set(CPACK_GENERATOR DEB)

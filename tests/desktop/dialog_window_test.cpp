@@ -1,12 +1,13 @@
 // The dialog in a window, on a screen in memory. The pictures are kept in the build folder.
 
-#include "desktop/screen.h"
 #include <filesystem>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <map>
 #include <memory>
 #include <sstream>
+
+#include "desktop/screen.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace zelnor::test;
 
@@ -28,7 +29,8 @@ class Desktop : public testing::Test {
 
   /// Where the parts of a window lie.
   std::map<std::string, Box> Layout(const std::string& arguments) const {
-    std::istringstream lines(screen->Run("ASAN_OPTIONS=detect_leaks=0 " ZELNOR_DIALOG_SHOWER " layout " + arguments));
+    std::istringstream lines(
+        screen->Run("ASAN_OPTIONS=detect_leaks=0 " ZELNOR_DIALOG_SHOWER " layout " + arguments));
     std::map<std::string, Box> layout;
     std::string name;
     Box box;
@@ -185,7 +187,8 @@ TEST_F(Desktop, ALongMessageStaysOnTheScreen) {
   const std::map<std::string, Box> layout = Layout("14 '" + message + "'");
   EXPECT_LE(layout.at("window").h, 768);
   EXPECT_LE(layout.at("Ignore").Bottom(), layout.at("window").h);
-  const std::map<std::string, Box> wide = Layout("14 '" + std::string(100, 'w') + " " + std::string(100, 'w') + "'");
+  const std::map<std::string, Box> wide =
+      Layout("14 '" + std::string(100, 'w') + " " + std::string(100, 'w') + "'");
   EXPECT_EQ(wide.count("window"), 1U);
 }
 

@@ -3,7 +3,6 @@
 /// @file
 /// A screen in memory with a person in front of it, and programs that show windows there.
 
-#include "support/shell.h"
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
@@ -12,6 +11,8 @@
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/shell.h"
 
 namespace zelnor::test {
 
@@ -27,8 +28,8 @@ class Screen {
       const int nothing = open("/dev/null", O_RDWR);
       dup2(nothing, STDOUT_FILENO);
       dup2(nothing, STDERR_FILENO);
-      execlp("Xvfb", "Xvfb", "-displayfd", "3", "-screen", "0", "1024x768x24", "-dpi", "96", "-nolisten", "tcp",
-             "-noreset", static_cast<char*>(nullptr));
+      execlp("Xvfb", "Xvfb", "-displayfd", "3", "-screen", "0", "1024x768x24", "-dpi", "96", "-nolisten",
+             "tcp", "-noreset", static_cast<char*>(nullptr));
       _exit(127);
     }
     close(ends[1]);
@@ -53,12 +54,15 @@ class Screen {
   }
 
   /// The output of a shell command that sees the screen.
-  std::string Run(const std::string& command) const { return OutputOf("DISPLAY=" + display_ + " " + command); }
+  std::string Run(const std::string& command) const {
+    return OutputOf("DISPLAY=" + display_ + " " + command);
+  }
 
   /// Begins a shell command that sees the screen.
   FILE* Begin(const std::string& command) const {
     // What the system's libraries for windows never give back is none of ours.
-    return popen(("DISPLAY=" + display_ + " ASAN_OPTIONS=detect_leaks=0 exec timeout 60 " + command).c_str(), "r");
+    return popen(("DISPLAY=" + display_ + " ASAN_OPTIONS=detect_leaks=0 exec timeout 60 " + command).c_str(),
+                 "r");
   }
 
   /// Keeps a picture of the screen as a PNG file.

@@ -7,10 +7,11 @@
 #include "zelnor/desktop/display.h"
 #include "zelnor/platform/dialog.h"
 
-#include "support/duplicate_letter.h"
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+
+#include "support/duplicate_letter.h"
 
 using namespace zelnor;
 
@@ -68,7 +69,8 @@ int main(int argc, char** argv) {
     if (!OpenDisplay()) return 3;
     PrintLayout(text_size, argc > 3 ? String(argv[3]) : "One line", argc <= 4);
   } else {
-    const DialogAnswer answer = host->ShowDialog({"Sure?\tI am @home & \x1b awake.", std::stoi(what), "ZELNOR", 1, "a @ b"});
+    const DialogAnswer answer =
+        host->ShowDialog({"Sure?\tI am @home & \x1b awake.", std::stoi(what), "ZELNOR", 1, "a @ b"});
     Print(std::to_string(answer.result) + (answer.checked ? " checked" : ""));
   }
   SetHost(nullptr);
