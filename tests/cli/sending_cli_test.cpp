@@ -215,10 +215,10 @@ TEST_F(SendingCliTest, CopiesAreSavedAndNamed) {
 TEST_F(SendingCliTest, AnInterruptLeavesTheResultPendingAndTellsTheId) {
   const GatewayProcess gateway(folder_, "--interval 60");
   // The program is interrupted while it waits for the first poll.
-  const String script = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " +
-                        Send(gateway.Options()) + " >'" + folder_.At("sent.txt") +
-                        "' & sent=$!; until grep -q acknowledgement '" + folder_.At("gateway.txt") +
-                        "'; do sleep 0.05; done; sleep 0.3; kill -INT $sent; wait $sent";
+  const String script =
+      "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + Send(gateway.Options()) + " >'" +
+      folder_.At("sent.txt") + "' & sent=$!; for turn in $(seq 600); do grep -q acknowledgement '" +
+      folder_.At("gateway.txt") + "' && break; sleep 0.05; done; sleep 0.3; kill -INT $sent; wait $sent";
   const String file = folder_.Put("interrupt.sh", script);
   const int status = std::system(("bash '" + file + "' 2>/dev/null").c_str());
   EXPECT_EQ(WEXITSTATUS(status), 10);
