@@ -3,7 +3,7 @@
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/text.h"
 
-#include <algorithm>
+#include <cstring>
 #include <mutex>
 
 #include <libxml/dict.h>
@@ -170,7 +170,7 @@ xmlNode* Tree::NewText(std::string_view text) {
   if (node == nullptr) throw std::bad_alloc();
   if (text.size() < 2 * sizeof(void*)) {
     auto* within = reinterpret_cast<xmlChar*>(&node->properties);
-    std::copy(text.begin(), text.end(), within);
+    if (!text.empty()) std::memcpy(within, text.data(), text.size());
     within[text.size()] = 0;
     node->content = within;
     return node;
