@@ -41,7 +41,11 @@ String TypeText(eRTISUBMISSIONTYPE type) {
 }
 
 void DropCopies(const XmlNode& holder) {
-  if (const XmlNode text = holder.FirstChild(); text && text.IsWritten()) holder.RemoveChild(text);
+  for (XmlNode child = holder.FirstChild(); child;) {
+    XmlNode next = child.NextSibling();
+    if (child.IsWritten()) holder.RemoveChild(child);
+    child = std::move(next);
+  }
   RemoveAllChildNodes(holder);
 }
 
@@ -431,7 +435,7 @@ bool clsLog::AddLatestPollResponse(const XmlNode& xmlNode) {
 
 // Copies of documents are as a rule only written. They stay text until somebody asks for a node of the log.
 void clsLog::AppendCopy(const XmlNode& holder, const XmlNode& node) {
-  if (laid_open_) {
+  if (laid_open_ || !node.IsElement()) {
     AppendNodes(holder, node);
   } else {
     holder.AppendWritten(node);

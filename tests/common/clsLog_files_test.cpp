@@ -98,6 +98,32 @@ TEST_F(clsLogFiles, SaveWritesTheDocumentAndMakesItsFolder) {
   EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(clsLogFiles, AllCopiesGoWhereTheSubmissionIsReplaced) {
+  clsLog log;
+  XmlDocument first;
+  XmlDocument second;
+  ASSERT_TRUE(first.LoadXML("<First><a>1</a></First>"));
+  ASSERT_TRUE(second.LoadXML("<Second><a>2</a></Second>"));
+  log.AppendSubmission(first.DocumentElement());
+  log.AppendSubmission(first.DocumentElement());
+  log.AppendSubmission(first.DocumentElement());
+  log.AddSubmission(second.DocumentElement());
+  EXPECT_THAT(ReadFile(log.LogFilePath()), Not(HasSubstr("<First>")));
+  EXPECT_EQ(log.GetSubmission().BaseName(), "Second");
+  log.AppendSubmission(first.DocumentElement());
+  log.ClearSubmission();
+  EXPECT_FALSE(log.Submission().HasChildNodes());
+}
+
+TEST_F(clsLogFiles, ATextIsCopiedAsAText) {
+  clsLog log;
+  XmlDocument document;
+  ASSERT_TRUE(document.LoadXML("<a>1 &lt; 2</a>"));
+  EXPECT_TRUE(log.AddSubmission(document.DocumentElement().FirstChild()));
+  EXPECT_THAT(ReadFile(log.LogFilePath()), HasSubstr("<Submission>1 &lt; 2</Submission>"));
+  EXPECT_EQ(log.Submission().Text(), "1 < 2");
+}
+
 TEST_F(clsLogFiles, TheFileIsTheSameWhetherOrNotSomebodyAskedForItsNodes) {
   const XmlDocument source;
   source.PreserveWhiteSpace(true);
