@@ -14,7 +14,7 @@ namespace zelnor::cli {
 namespace {
 
 String OutOf(const String& out) {
-  const String path = AbsolutePath(out);
+  String path = AbsolutePath(out);
   if (!EndsInSeparator(path) && std::filesystem::is_directory(SystemPath(path))) {
     throw CommandError(
         kWrongUsage, path + " is a folder. Name a file, or end the path in \"/\" to save into that folder.");

@@ -5,6 +5,7 @@
 #include "zelnor/platform/dialog.h"
 
 #include <FL/Fl.H>
+#include <cmath>
 
 namespace zelnor {
 namespace {
@@ -19,7 +20,7 @@ int TextSizeOfScreen() {
   Fl::screen_dpi(across, down);
   // Some screens don't know their size.
   if (down < kUsualDots / 2) return static_cast<int>(kUsualTextSize);
-  return static_cast<int>(kUsualTextSize * down / kUsualDots + 0.5F);
+  return static_cast<int>(std::lround(kUsualTextSize * down / kUsualDots));
 }
 
 DialogAnswer AskInWindow(const DialogContents& contents, int text_size) {

@@ -70,7 +70,7 @@ String clsDZEncoder::UncompressAndDecodeData(const String& strCompressedString) 
 String clsDZEncoder::CreateZipFileFromFiles(const std::vector<String>& strFilePaths) {
   try {
     const Date now = CurrentHost()->Now();
-    const String path =
+    String path =
         CreateFolder(WithTrailingSeparator(ProgramFolder()) + "temp\\" + TemporaryName(now, ".zip"));
     ZipFiles(strFilePaths, path, now);
     return path;

@@ -183,7 +183,7 @@ String NoProxy() {
   String hosts;
   for (const char* name : {"no_proxy", "NO_PROXY"}) {
     const String value = Environment(name);
-    if (value == "*") return value;
+    if (value == "*") return "*";
     hosts += value + ",";
   }
   return hosts.append(kNoProxy);

@@ -157,7 +157,7 @@ Date Date::AddMonths(int months) const {
   const auto whole_day = static_cast<std::int64_t>(serial_);
   const DateParts from = PartsOf(FromSerial(static_cast<double>(whole_day)));
   const std::int64_t target = std::int64_t{from.year} * 12 + from.month - 1 + months;
-  if (target < 100 * 12 || target >= 10000 * 12) ThrowInvalidArgument();
+  if (target < std::int64_t{100} * 12 || target >= std::int64_t{10000} * 12) ThrowInvalidArgument();
   const int year = static_cast<int>(target / 12);
   const int month = static_cast<int>(target % 12) + 1;
   return OnDay(DayCount(year, month, std::min(from.day, DaysInMonth(year, month))), TimeOf(*this));

@@ -76,7 +76,7 @@ class Tree {
  private:
   ~Tree();
 
-  void MoveHere(xmlNode* node);
+  void MoveHere(xmlNode* top);
 
   /// A namespace of another tree and the same in this one, for as long as the other can't change.
   struct NamespacePair {

@@ -1,6 +1,7 @@
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/xml_tree.h"
 
+#include <algorithm>
 #include <array>
 
 #include <libxml/parserInternals.h>
@@ -122,10 +123,9 @@ class Writer {
   }
 
   std::string_view InScope(std::string_view prefix) const {
-    for (auto binding = scope_.rbegin(); binding != scope_.rend(); ++binding) {
-      if (binding->prefix == prefix) return binding->uri;
-    }
-    return {};
+    const auto found = std::find_if(scope_.rbegin(), scope_.rend(),
+                                    [&](const Binding& each) { return each.prefix == prefix; });
+    return found == scope_.rend() ? std::string_view() : found->uri;
   }
 
   bool DeclaredOn(const xmlNode* element, std::string_view prefix) const {

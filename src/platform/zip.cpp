@@ -117,7 +117,7 @@ void SetDate(zip_t* archive, zip_uint64_t index, Date written) {
 void Add(const Archive& archive, std::string_view name, Source source, Date written) {
   const zip_int64_t index = zip_file_add(archive.get(), String(name).c_str(), source.get(), ZIP_FL_ENC_GUESS);
   if (index < 0) Throw(zip_get_error(archive.get()));
-  source.release();
+  (void)source.release();
   const auto entry = static_cast<zip_uint64_t>(index);
   if (zip_set_file_compression(archive.get(), entry, ZIP_CM_DEFLATE, kHighestLevel) != 0) {
     Throw(zip_get_error(archive.get()));
@@ -128,7 +128,7 @@ void Add(const Archive& archive, std::string_view name, Source source, Date writ
 // Packs what was added, which happens only now.
 void Close(Archive& archive) {
   if (zip_close(archive.get()) != 0) Throw(zip_get_error(archive.get()));
-  archive.release();
+  (void)archive.release();
 }
 
 std::string BytesOf(const Source& source) {
