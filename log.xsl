@@ -116,6 +116,11 @@
   <xsl:variable name="is-test" select="$details/*[local-name() = 'GatewayTest'] = '1' or $log/@SubmissionMode = '2'
     or substring($details/*[local-name() = 'Class'], string-length($details/*[local-name() = 'Class']) - 3) = '-TIL'"/>
 
+  <!-- Whether the messages went to a gateway on this machine, as in an application's own tests. -->
+  <xsl:variable name="address" select="substring-after($messages[self::ToGateway][1]/@Url, '://')"/>
+  <xsl:variable name="is-local" select="starts-with($address, '127.') or starts-with($address, '[::1]')
+    or starts-with($address, 'localhost:') or starts-with($address, 'localhost/')"/>
+
   <!-- What the document itself tells of the employer and the year, for a log to which nobody told them. -->
   <xsl:variable name="section" select="$submission/*[local-name() = 'Body']/*/*[not(local-name() = 'IRheader')][1]"/>
   <xsl:variable name="references" select="$section/*[local-name() = 'EmpRefs']"/>
@@ -196,6 +201,7 @@
   <xsl:template name="headline">
     <xsl:variable name="hmrc">
       <xsl:choose>
+        <xsl:when test="$is-local">A gateway on this machine</xsl:when>
         <xsl:when test="$is-test">HMRC&#8217;s test service</xsl:when>
         <xsl:otherwise>HMRC</xsl:otherwise>
       </xsl:choose>
@@ -205,6 +211,7 @@
       <xsl:when test="$outcome = 'pending'"><xsl:value-of select="concat($hmrc, ' has the ', $kind, ' and has not answered yet')"/></xsl:when>
       <xsl:when test="$outcome = 'refused' and $no-fault"><xsl:value-of select="concat($hmrc, ' has answered with an error')"/></xsl:when>
       <xsl:when test="$outcome = 'refused'"><xsl:value-of select="concat($hmrc, ' has refused the ', $kind)"/></xsl:when>
+      <xsl:when test="$outcome = 'connection' and $is-local">The gateway on this machine could not be reached</xsl:when>
       <xsl:when test="$outcome = 'connection'">HMRC could not be reached</xsl:when>
       <xsl:when test="$outcome = 'invalid'">The check found errors; nothing was sent</xsl:when>
       <xsl:when test="$outcome = 'cancelled'"><xsl:value-of select="concat('The ', $kind, ' was cancelled')"/></xsl:when>
@@ -225,6 +232,7 @@
   <!-- What to do now. -->
   <xsl:template name="advice">
     <xsl:choose>
+      <xsl:when test="$outcome = 'accepted' and $is-local">This was a rehearsal: nothing reached HMRC.</xsl:when>
       <xsl:when test="$outcome = 'accepted' and $is-test">This was a test. HMRC does not count it as a submission: send it live when you are ready.</xsl:when>
       <xsl:when test="$outcome = 'accepted'">There is nothing more to do. Keep this page, with its IRmark, as your receipt.</xsl:when>
       <xsl:when test="$outcome = 'pending'">Do not send it again. Ask for the answer later, with the correlation ID below.</xsl:when>

@@ -120,6 +120,21 @@ TEST_F(LogReport, TheDocumentTellsWhatTheLogDoesNot) {
   EXPECT_EQ(FactsOfLog(log).year, "16-17");
 }
 
+TEST_F(LogReport, AGatewayOnThisMachineIsNotHmrc) {
+  session_->WasAccepted();
+  const String accepted = session_->Document().DocumentElement().Xml();
+  for (const char* address : {"http://127.0.0.1:4711/submission", "http://[::1]:4711/submission",
+                              "https://localhost:4711/submission"}) {
+    const XmlDocument log;
+    ASSERT_TRUE(
+        log.LoadXML(Replace(accepted, "https://transaction-engine.tax.service.gov.uk/submission", address)));
+    const LogFacts facts = FactsOfLog(log);
+    EXPECT_EQ(facts.headline, "A gateway on this machine has accepted the Full Payment Submission")
+        << address;
+    EXPECT_EQ(facts.advice, "This was a rehearsal: nothing reached HMRC.");
+  }
+}
+
 TEST_F(LogReport, ATestIsNoSubmission) {
   session_->WasAccepted();
   session_->log.SetSubmissionMode(RTI_SEND_MODE::Test);

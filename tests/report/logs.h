@@ -65,7 +65,8 @@ inline String Request() {
 inline String Acknowledgement() {
   return Envelope(
       Details("acknowledgement", "submit", kCorrelationId,
-              "<ResponseEndPoint PollInterval=\"10\">http://127.0.0.1:8080/poll</ResponseEndPoint>"),
+              "<ResponseEndPoint "
+              "PollInterval=\"10\">https://transaction-engine.tax.service.gov.uk/poll</ResponseEndPoint>"),
       "", "", "");
 }
 
@@ -157,7 +158,8 @@ class Session {
     log.AddSubmission(Root(xml));
     return *this;
   }
-  Session& Out(const String& xml, const String& url = "http://127.0.0.1:8080/submission") {
+  Session& Out(const String& xml,
+               const String& url = "https://transaction-engine.tax.service.gov.uk/submission") {
     log.AddSendDoc(Root(xml), SEND_DIRECTION::Outgoing, url);
     return Say("Message issued to Government Gateway at 05/04/2017 10:11:13");
   }
@@ -180,13 +182,14 @@ class Session {
   Session& Polled(const String& answer) {
     return Say("Waiting to poll... 10 seconds.")
         .Say("Polling...", 11)
-        .Out(Poll(), "http://127.0.0.1:8080/poll")
+        .Out(Poll(), "https://transaction-engine.tax.service.gov.uk/poll")
         .In(answer, 1);
   }
   Session& WasAccepted(const String& mark = kBase64Mark) {
     Sent().Polled(Accepted(mark)).Say("Receipt from Gov Gateway: submission accepted successfully.");
     Say(String("Closing conversation with Gov Gateway for submission ") + kCorrelationId + ".");
-    Out(Envelope(Details("request", "delete"), Credentials(), "", ""), "http://127.0.0.1:8080/poll");
+    Out(Envelope(Details("request", "delete"), Credentials(), "", ""),
+        "https://transaction-engine.tax.service.gov.uk/poll");
     return Say("Submission result: Successful").Say("Submission send completed in 15,012 milliseconds");
   }
   Session& WasRefused(int errors) {
