@@ -23,14 +23,10 @@ std::optional<std::string> Decoded(std::string text) {
   return bytes;
 }
 
-XmlNode PartOf(const XmlNode& node) {
-  for (const XmlNode& child : node.ChildNodes()) {
-    if (!child.IsElement()) continue;
-    if (child.BaseName() == "CompressedPart") return child;
-    // It is a child of the section, which is a child of the body's root.
-    if (node.ParentNode() && !node.ParentNode().IsElement()) {
-      if (XmlNode part = PartOf(child)) return part;
-    }
+/// The part of the section, which is a child of the body's root; no object where there is none.
+XmlNode PartOf(const XmlNode& root) {
+  for (const XmlNode& section : root.ChildNodes()) {
+    if (XmlNode part = section.IsElement() ? section.FindChild("CompressedPart") : nullptr) return part;
   }
   return nullptr;
 }

@@ -6,8 +6,6 @@
 
 #include "zelnor/platform/values.h"
 
-#include <algorithm>
-
 namespace zelnor {
 
 inline const String kFirstLetters = "a-zA-Z";

@@ -8,15 +8,12 @@
 #include "zelnor/platform/conversions.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/validation/clsEmployeeException.h"
+#include "zelnor/validation/employee_parts.h"
 
 namespace zelnor {
 namespace {
 
 constexpr std::string_view kClass = "vlsEmployeeValidator";
-
-clsEmployeeDetails& DetailsOf(const Ref<clsEmployee>& employee) {
-  return Required(Required(employee).EmployeeDetails());
-}
 
 /// Whether a document of that type tells of employments.
 bool TellsOfEmployments(eRTISUBMISSIONTYPE type) {

@@ -522,6 +522,8 @@ class ZELNOR_API vlsEmployeeValidator : public Validator {
 
   // --- Who the employee is ---
 
+  struct NINOCodes;
+  void CheckNINO(Finding& found, const NINOCodes& codes) const;
   bool BeginsWithLetter(const String& text) const;
   bool IsValidPostcode(const String& text) const;
 

@@ -8,6 +8,7 @@
 #include "zelnor/platform/conversions.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/validation/employee_characters.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/pattern.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
@@ -26,14 +27,6 @@ const Pattern kPostcode(
     "^(GIR[ ]{0,1}0AA)|([A-PR-UWYZa-pr-uwyz]{1}[A-HK-Ya-hk-y0-9]{1}[A-HJKSTUW0-9]{0,1}"
     "[ABEHMNPRVWXY0-9]{0,1}[ ]{0,1}[0-9]{1}[A-Za-z]{2})$");
 const Pattern kInwardCode("[0-9]{1}[a-zA-Z]{2}$");
-
-clsEmployeeDetails& DetailsOf(const Ref<clsEmployee>& employee) {
-  return Required(Required(employee).EmployeeDetails());
-}
-
-clsEmployeeAddress& AddressOf(const Ref<clsEmployee>& employee) {
-  return Required(DetailsOf(employee).Address());
-}
 
 /// Whether the first character of a text is one of a set; False for no text.
 bool BeginsWithOneOf(std::string_view text, std::string_view set) {

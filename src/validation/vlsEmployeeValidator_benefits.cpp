@@ -6,6 +6,7 @@
 #include "zelnor/documents/clsSeconded.h"
 #include "zelnor/documents/clsStarter.h"
 #include "zelnor/platform/formats.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/pattern.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
@@ -16,12 +17,6 @@ const Pattern kMake(R"(^[A-Za-z0-9 \(\)\-\./]{0,35}$)");
 
 // Without anchors: any text meets it, with an empty match if with none else.
 const Pattern kID("[a-zA-Z0-9 ]*");
-
-/// 999,999,999.99 pounds.
-constexpr Currency kMost = Currency::FromUnits(9'999'999'999'900);
-constexpr Currency kLeast = Currency::FromUnits(-9'999'999'999'900);
-
-String DayText(Date date) { return FormatDateOrDefault(date, "dd/mm/yyyy", ""); }
 
 }  // namespace
 
@@ -71,7 +66,7 @@ bool vlsEmployeeValidator::ValidateCar(const Ref<clsEmployee>& objEmployee,
     if (!car.ID().empty()) found.And(ValidateID(objEmployee, objCarDetails, key));
     found.And(ValidatePrice(objEmployee, objCarDetails, key));
     found.And(ValidateAvailFromTo(objEmployee, car.AvailFrom(), key, true));
-    found.And(ValidateCashEquiv(objEmployee, car.CashEquiv(), kLeast, kMost, key));
+    found.And(ValidateCashEquiv(objEmployee, car.CashEquiv(), kLeastPounds, kMostPounds, key));
     found.And(ValidateAvailFromTo(objEmployee, car.AvailTo(), key, false, car.AvailFrom()));
     if (car.HasFuel()) found.And(ValidateFreeFuel(objEmployee, car.FreeFuel(), key));
     car.Validated(found.Passed());
@@ -85,7 +80,7 @@ bool vlsEmployeeValidator::ValidateFreeFuel(const Ref<clsEmployee>& objEmployee,
   return CheckBenefit(objEmployee, kRule, strErrKey, [&](Finding& found) {
     const String key = strErrKey + String(kRule.key);
     found.And(ValidateProvided(objEmployee, objFreeFuel, key));
-    found.And(ValidateCashEquiv(objEmployee, objFreeFuel->CashEquiv(), kLeast, kMost, key));
+    found.And(ValidateCashEquiv(objEmployee, objFreeFuel->CashEquiv(), kLeastPounds, kMostPounds, key));
     if (objFreeFuel->Withdrawn() > Date()) found.And(ValidateWithdrawn(objEmployee, objFreeFuel, key));
     objFreeFuel->Validated(found.Passed());
   });

@@ -5,6 +5,7 @@
 #include "zelnor/documents/clsPayment.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/validation/clsEmployeeException.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/today.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
@@ -12,8 +13,6 @@ namespace zelnor {
 namespace {
 
 constexpr std::string_view kNoEmployment = "At least one Employment record is required.";
-
-String DayText(Date date) { return FormatDateOrDefault(date, "dd/mm/yyyy", ""); }
 
 /// The first day on which someone who is still reported may have left.
 Date FirstLeavingDate(Date today) {

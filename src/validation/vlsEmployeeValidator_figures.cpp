@@ -3,6 +3,7 @@
 #include "zelnor/platform/conversions.h"
 #include "zelnor/platform/formats.h"
 #include "zelnor/platform/text.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
 #include <cmath>
@@ -12,9 +13,6 @@
 namespace zelnor {
 namespace {
 
-/// 999,999,999.99 pounds.
-constexpr Currency kMost = Currency::FromUnits(9'999'999'999'900);
-constexpr Currency kLeast = Currency::FromUnits(-9'999'999'999'900);
 constexpr Currency kMostLoan = 99999;
 
 /// A number as text; the platform has none for what is no number or infinite.
@@ -91,7 +89,7 @@ bool vlsEmployeeValidator::ValidateTaxablePayYTD(const Ref<clsEmployee>& objEmpl
                                             .what = "the Taxable Pay. "},
                                    .figure = &clsFiguresToDate::TaxablePay,
                                    .low = 0,
-                                   .high = kMost,
+                                   .high = kMostPounds,
                                    .whole_pounds = false,
                                    .code = "E8.1.1",
                                    .message = "Invalid value or format. Must be 0.01 to 999999999.99"};
@@ -104,8 +102,8 @@ bool vlsEmployeeValidator::ValidateTotalTaxYTD(const Ref<clsEmployee>& objEmploy
   static constexpr FiguresRow kRow{
       .rule = {.key = "TotalTaxYTD", .field = "Total Tax YTD", .code = "E8.2.0", .what = "the Total Tax. "},
       .figure = &clsFiguresToDate::TotalTax,
-      .low = kLeast,
-      .high = kMost,
+      .low = kLeastPounds,
+      .high = kMostPounds,
       .whole_pounds = false,
       .code = "E8.2.1",
       .message = "Invalid value or format. Must be -999999999.99 to 999999999.99"};
@@ -155,7 +153,7 @@ bool vlsEmployeeValidator::ValidateBenefitsTaxedViaPayrollYTD(const Ref<clsEmplo
                .code = "E8.4.0"},
       .figure = &clsFiguresToDate::BenefitsTaxedViaPayrollYTD,
       .low = 0,
-      .high = kMost,
+      .high = kMostPounds,
       .whole_pounds = false,
       .code = "E8.4.1",
       .message = "Benefits Taxed Via Payroll YTD: Invalid value or format. Must be 0.00 to 999999999.99."};
@@ -171,7 +169,7 @@ bool vlsEmployeeValidator::ValidateEmpeePenContribnsPaidYTD(const Ref<clsEmploye
                .code = "E8.5.0"},
       .figure = &clsFiguresToDate::EmpeePensionContribnsPaidYTD,
       .low = 0,
-      .high = kMost,
+      .high = kMostPounds,
       .whole_pounds = false,
       .code = "E8.5.1",
       .message = "Empee Pen Contributions Paid YTD: Invalid value or format. Must be 0.00 to 999999999.99."};
@@ -187,7 +185,7 @@ bool vlsEmployeeValidator::ValidateEmpeePenContribnsNotPaidYTD(const Ref<clsEmpl
                .code = "E8.5.0"},
       .figure = &clsFiguresToDate::EmpeePensionContribnsNotPaidYTD,
       .low = 0,
-      .high = kMost,
+      .high = kMostPounds,
       .whole_pounds = false,
       .code = "E8.5.1",
       .message =

@@ -112,12 +112,6 @@ MoneyRow InDocument(MoneyRow row, eRTISUBMISSIONTYPE type) {
   return row;
 }
 
-bool Fits(Currency amount, const Range& range) {
-  const double value = amount.ToDouble();
-  if (value < range.low || value > range.high) return false;
-  return !range.whole_pounds || amount.Units() % 10000 == 0;
-}
-
 }  // namespace
 
 bool vlsEmployeeValidator::CheckMoney(const Ref<clsEmployee>& objEmployee,
@@ -125,7 +119,9 @@ bool vlsEmployeeValidator::CheckMoney(const Ref<clsEmployee>& objEmployee,
                                       const String& strErrKey) {
   return CheckOf(objEmployee, row.rule, strErrKey, [&](Finding& found) {
     const Currency amount = (*Required(objEmployment).Payment().*row.amount)();
-    if (Fits(amount, row.range)) return;
+    const double value = amount.ToDouble();
+    const bool in_range = value >= row.range.low && value <= row.range.high;
+    if (in_range && (!row.range.whole_pounds || IsWholePounds(value))) return;
     found.value = FormatMoney(amount);
     found.Fail(row.code, "Invalid format", row.range.message);
   });

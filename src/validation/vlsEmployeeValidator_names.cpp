@@ -6,6 +6,7 @@
 #include "zelnor/documents/clsEmployeePartnerDetails.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/validation/employee_characters.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/pattern.h"
 #include "zelnor/validation/today.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
@@ -54,16 +55,6 @@ const Pattern kNINOCharacters("^[A-Z0-9 ]{1,9}$");
 const Pattern kNINOForm("^[A-Z]{2}[0-9]{6}[A-D ]{1}$");
 const Pattern kNINOPrefix(kNINOPrefixes);
 
-constexpr std::string_view kNINOCharactersMessage =
-    "Invalid characters in NI Number. Field must contain the following characters:-  A-Z, a-z, 0-9 or space";
-constexpr std::string_view kNINOFormMessage =
-    "Invalid format. NI Number must be in format AA99999X where A is a letter and 9 is a number and X is A, "
-    "B, C, D or Space.";
-
-clsEmployeeDetails& DetailsOf(const Ref<clsEmployee>& employee) {
-  return Required(Required(employee).EmployeeDetails());
-}
-
 clsEmployeeNameType& NameOf(const Ref<clsEmployee>& employee) {
   return Required(DetailsOf(employee).Contact());
 }
@@ -88,6 +79,14 @@ String CompletedNINO(Details& details) {
 }
 
 }  // namespace
+
+/// What tells the employee's NINO rule from the partner's.
+struct vlsEmployeeValidator::NINOCodes {
+  std::string_view characters;
+  std::string_view form;
+  std::string_view prefix;
+  std::string_view prefix_message;
+};
 
 bool vlsEmployeeValidator::BeginsWithLetter(const String& text) const {
   return ValidatePattern(Left(text, 1), kFirstCharacter);
@@ -180,24 +179,33 @@ bool vlsEmployeeValidator::ValidateTitle(const Ref<clsEmployee>& objEmployee, bo
       blnRaiseErrors);
 }
 
-// A NINO may fail all three tests, and the third failure of a Source is a processing error.
+// Three failures of one Source are one too many: the third is a processing error.
+void vlsEmployeeValidator::CheckNINO(Finding& found, const NINOCodes& codes) const {
+  if (ValidatePattern(found.value, kNINO)) return;
+  if (!ValidatePattern(found.value, kNINOCharacters)) {
+    found.Fail(codes.characters, "Invalid characters",
+               "Invalid characters in NI Number. Field must contain the following characters:-  A-Z, a-z, "
+               "0-9 or space");
+  }
+  if (!ValidatePattern(found.value, kNINOForm)) {
+    found.Fail(codes.form, "Invalid characters",
+               "Invalid format. NI Number must be in format AA99999X where A is a letter and 9 is a number "
+               "and X is A, B, C, D or Space.");
+  }
+  if (!ValidatePattern(found.value, kNINOPrefix)) {
+    found.Fail(codes.prefix, "Invalid Prefix", codes.prefix_message);
+  }
+}
+
 bool vlsEmployeeValidator::ValidateEmployeeNINO(const Ref<clsEmployee>& objEmployee, bool blnRaiseErrors,
                                                 const String& strErrKey) {
   static constexpr Rule kRule{.key = "NINO", .field = "NI Number", .code = "E4.9.0"};
+  static constexpr NINOCodes kCodes{"E4.9.1", "E4.9.2", "E4.9.3", "Invalid NI Number Prefix."};
   return CheckOf(
       objEmployee, kRule, strErrKey,
       [&](Finding& found) {
-        const String nino = found.value = CompletedNINO(DetailsOf(objEmployee));
-        if (nino.empty() || ValidatePattern(nino, kNINO)) return;
-        if (!ValidatePattern(nino, kNINOCharacters)) {
-          found.Fail("E4.9.1", "Invalid characters", kNINOCharactersMessage);
-        }
-        if (!ValidatePattern(nino, kNINOForm)) {
-          found.Fail("E4.9.2", "Invalid characters", kNINOFormMessage);
-        }
-        if (!ValidatePattern(nino, kNINOPrefix)) {
-          found.Fail("E4.9.3", "Invalid Prefix", "Invalid NI Number Prefix.");
-        }
+        found.value = CompletedNINO(DetailsOf(objEmployee));
+        if (!found.value.empty()) CheckNINO(found, kCodes);
       },
       blnRaiseErrors);
 }
@@ -218,7 +226,7 @@ bool vlsEmployeeValidator::ValidateEmployeeDateOfBirth(const Ref<clsEmployee>& o
         const bool later_than_today = birth > today;
         const bool too_long_ago = birth < today.AddMonths(-130 * 12);
         if (!later_than_today && !too_long_ago) return;
-        found.value = FormatDateOrDefault(birth, "Dd/Mm/yyyy", "");
+        found.value = DayText(birth);
         if (later_than_today) found.Fail("E4.10.2", "Today", "Date of birth must be earlier than today");
         if (too_long_ago) {
           found.Fail("E4.10.3", "130 Years",
@@ -325,18 +333,11 @@ bool vlsEmployeeValidator::ValidatePartnerForename1(const Ref<clsEmployee>& objE
 bool vlsEmployeeValidator::ValidatePartnerNINO(const Ref<clsEmployee>& objEmployee, const String& strErrKey) {
   static constexpr Rule kRule{
       .key = "PartnerNINO", .field = "Partner NI Number", .code = "E4.13.1.0", .what = "the NI Number. "};
+  static constexpr NINOCodes kCodes{"E4.13.1.1", "E4.13.1.2", "E4.13.1.3",
+                                    "Invalid NI Number Prefix- Partner Details."};
   return CheckOf(objEmployee, kRule, strErrKey, [&](Finding& found) {
-    const String nino = found.value = CompletedNINO(PartnerOf(objEmployee));
-    if (Length(nino) != 9 || ValidatePattern(nino, kNINO)) return;
-    if (!ValidatePattern(nino, kNINOCharacters)) {
-      found.Fail("E4.13.1.1", "Invalid characters", kNINOCharactersMessage);
-    }
-    if (!ValidatePattern(nino, kNINOForm)) {
-      found.Fail("E4.13.1.2", "Invalid characters", kNINOFormMessage);
-    }
-    if (!ValidatePattern(nino, kNINOPrefix)) {
-      found.Fail("E4.13.1.3", "Invalid Prefix", "Invalid NI Number Prefix- Partner Details.");
-    }
+    found.value = CompletedNINO(PartnerOf(objEmployee));
+    if (Length(found.value) == 9) CheckNINO(found, kCodes);
   });
 }
 

@@ -6,6 +6,7 @@
 #include "zelnor/platform/formats.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/validation/contracting_out_number.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/pattern.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
@@ -25,10 +26,6 @@ bool IsOneOf(std::string_view letter, std::string_view letters) {
 }
 
 constexpr Currency Pence(std::int64_t pence) { return Currency::FromUnits(pence * 100); }
-
-/// 999,999,999.99 pounds.
-constexpr Currency kMost = Pence(99'999'999'999);
-constexpr Currency kLeast = Pence(-99'999'999'999);
 
 }  // namespace
 
@@ -202,10 +199,10 @@ bool vlsEmployeeValidator::ValidatePaySubjToNIC(const Ref<clsEmployee>& objEmplo
       .value = &clsNILettersAndValues::PaySubjectToNIC,
       .code = "E9.2.1",
       .message = {},
-      .low = kLeast,
-      .high = kMost,
-      .low_of_eyu = kLeast,
-      .low_of_fps = kLeast};
+      .low = kLeastPounds,
+      .high = kMostPounds,
+      .low_of_eyu = kLeastPounds,
+      .low_of_fps = kLeastPounds};
   return CheckNI(kRow, objEmployee, objNILetter, IsUndefined, strErrKey);
 }
 
@@ -220,8 +217,8 @@ bool vlsEmployeeValidator::ValidatePaySubjToNICYTD(const Ref<clsEmployee>& objEm
       .code = "E9.2A.1",
       .message = "Invalid value or format. Must be 0.00 to 999999999.99",
       .low = 0,
-      .high = kMost,
-      .low_of_eyu = kLeast,
+      .high = kMostPounds,
+      .low_of_eyu = kLeastPounds,
       .low_of_fps = 0};
   return CheckNI(kRow, objEmployee, objNILetter, eniType, strErrKey);
 }
@@ -329,10 +326,10 @@ bool vlsEmployeeValidator::ValidateTotalEmployerNIC(const Ref<clsEmployee>& objE
                               .value = &clsNILettersAndValues::TotalEmpNIC,
                               .code = "E10.3.1",
                               .message = {},
-                              .low = kLeast,
-                              .high = kMost,
-                              .low_of_eyu = kLeast,
-                              .low_of_fps = kLeast,
+                              .low = kLeastPounds,
+                              .high = kMostPounds,
+                              .low_of_eyu = kLeastPounds,
+                              .low_of_fps = kLeastPounds,
                               .zero_letters = "X",
                               .upper_cased = true,
                               .zero_code = "E10.3.2",
@@ -352,9 +349,9 @@ bool vlsEmployeeValidator::ValidateTotalEmployerNICYTD(const Ref<clsEmployee>& o
                               .value = &clsNILettersAndValues::TotalEmpNICYTD,
                               .code = "E10.4.1",
                               .message = {},
-                              .low = kLeast,
-                              .high = kMost,
-                              .low_of_eyu = kLeast,
+                              .low = kLeastPounds,
+                              .high = kMostPounds,
+                              .low_of_eyu = kLeastPounds,
                               .low_of_fps = 0,
                               .zero_letters = "X",
                               .zero_code = "E10.4.2",
@@ -374,10 +371,10 @@ bool vlsEmployeeValidator::ValidateTotalEmployeeNIC(const Ref<clsEmployee>& objE
                               .value = &clsNILettersAndValues::EmpeeContribns,
                               .code = "E10.5.1",
                               .message = "Invalid value or format. Must be 0.00 to 999999999.99",
-                              .low = kLeast,
-                              .high = kMost,
-                              .low_of_eyu = kLeast,
-                              .low_of_fps = kLeast,
+                              .low = kLeastPounds,
+                              .high = kMostPounds,
+                              .low_of_eyu = kLeastPounds,
+                              .low_of_fps = kLeastPounds,
                               .zero_letters = "XCKSW",
                               .upper_cased = true,
                               .zero_code = "E10.5.2",
@@ -397,9 +394,9 @@ bool vlsEmployeeValidator::ValidateTotalEmployeeNICYTD(const Ref<clsEmployee>& o
                               .value = &clsNILettersAndValues::EmpeeContribnsYTD,
                               .code = "E10.6.1",
                               .message = {},
-                              .low = kLeast,
-                              .high = kMost,
-                              .low_of_eyu = kLeast,
+                              .low = kLeastPounds,
+                              .high = kMostPounds,
+                              .low_of_eyu = kLeastPounds,
                               .low_of_fps = 0,
                               .zero_letters = "XCKSW",
                               .upper_cased = true,

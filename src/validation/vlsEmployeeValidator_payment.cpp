@@ -2,6 +2,7 @@
 #include "zelnor/documents/clsEmployment.h"
 #include "zelnor/documents/clsPayment.h"
 #include "zelnor/platform/text.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/pattern.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
@@ -16,8 +17,6 @@ const Pattern kTaxCode("^([1-9][0-9]{0,5}[LMNPTY])|(BR)|(0T)|(NT)|(D[0-8])|([K][
 Ref<clsPayment> PaymentOf(const Ref<clsEmployment>& employment) { return Required(employment).Payment(); }
 
 double NumberOf(const String& text) { return IsNumeric(text) ? ToDouble(text) : 0.0; }
-
-String DayText(Date date) { return FormatDateOrDefault(date, "dd/mm/yyyy", ""); }
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 #include "zelnor/documents/clsEmployeeDetails.h"
 #include "zelnor/documents/clsEmployment.h"
 #include "zelnor/documents/clsStarter.h"
+#include "zelnor/validation/employee_parts.h"
 #include "zelnor/validation/today.h"
 #include "zelnor/validation/vlsEmployeeValidator.h"
 
@@ -66,7 +67,7 @@ bool vlsEmployeeValidator::ValidateStarterDate(const Ref<clsEmployee>& objEmploy
     const bool too_late = start > TodayNow().AddDays(30);
     const bool short_address = AddressLines(objEmployee) < 2;
     if (!too_late && !short_address) return;
-    found.value = FormatDateOrDefault(start, "dd/mm/yyyy", "");
+    found.value = DayText(start);
     if (too_late) {
       found.Fail("E11.1.1", "30 Days", "Start Date must be no later than the current date plus 30 days");
     }

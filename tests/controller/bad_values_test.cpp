@@ -102,7 +102,7 @@ TEST_F(BadValuesTest, ABirthDateBefore1900IsTooLongAgo) {
 
 TEST_F(BadValuesTest, ABirthDateBehindTheYear9999IsNone) {
   EXPECT_THAT(EmployeeCodes(Document(Element("BirthDate"), "<BirthDate>12000-06-01</BirthDate>")),
-              Not(IsEmpty()));
+              ElementsAre("E4.10.1"));
   EXPECT_FALSE(passed_);
 }
 

@@ -3,21 +3,14 @@
 // Arguments: "absent" for no employee, "type" for a type of document other than the base's own, "tax_year"
 // as documents have it, "raise" for whether failures make records.
 
-#include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsEmployeeAddress.h"
 #include "zelnor/documents/clsEmployeeDetails.h"
 #include "zelnor/documents/clsEmployeeNameType.h"
 #include "zelnor/documents/clsEmployeePartnerDetails.h"
-#include "zelnor/documents/clsEmployment.h"
-#include "zelnor/documents/clsSectionEAS.h"
-#include "zelnor/documents/clsSectionEYU.h"
-#include "zelnor/documents/clsSectionFPS.h"
-#include "zelnor/documents/clsSectionNVR.h"
 #include "zelnor/documents/clsStarter.h"
 #include "zelnor/platform/conversions.h"
-#include "zelnor/validation/vlsEmployeeValidator.h"
 
-#include "validation/rule_scene.h"
+#include "validation/scene_employees.h"
 
 namespace zelnor::test {
 namespace {
@@ -32,15 +25,6 @@ class Employees : public vlsEmployeeValidator {
   using vlsEmployeeValidator::ValidatePartnerNameRule;
 };
 
-CollectionRef<clsEmployee> EmployeesOf(const Scene& scene) {
-  clsSubmission& submission = *scene.submission;
-  if (submission.FPS()) return submission.FPS()->Employees();
-  if (submission.EYU()) return submission.EYU()->Employees();
-  if (submission.NVR()) return submission.NVR()->Employees();
-  return submission.EAS()->Employees();
-}
-
-Ref<clsEmployee> FirstEmployee(const Scene& scene) { return EmployeesOf(scene)->Item(1); }
 Ref<clsEmployeeDetails> Details(const Scene& scene) { return FirstEmployee(scene)->EmployeeDetails(); }
 
 Ref<clsEmployee> Employee(const Scene& scene) {

@@ -3,35 +3,20 @@
 // Arguments: "absent" for no employment, "absent employee" for no employee, "type" for a type of document
 // other than the base's own, "tax_year" as documents have it.
 
-#include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsEmployeeDetails.h"
-#include "zelnor/documents/clsEmployment.h"
 #include "zelnor/documents/clsFiguresToDate.h"
 #include "zelnor/documents/clsNILettersAndValues.h"
 #include "zelnor/documents/clsPayIdChgd.h"
 #include "zelnor/documents/clsPayment.h"
-#include "zelnor/documents/clsSectionEAS.h"
-#include "zelnor/documents/clsSectionEYU.h"
-#include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsStarter.h"
 #include "zelnor/platform/conversions.h"
-#include "zelnor/validation/vlsEmployeeValidator.h"
 
-#include "validation/rule_scene.h"
+#include "validation/scene_employees.h"
 
 namespace zelnor::test {
 namespace {
 
 using Employees = vlsEmployeeValidator;
-
-Ref<clsEmployee> FirstEmployee(const Scene& scene) {
-  clsSubmission& submission = *scene.submission;
-  if (submission.FPS()) return submission.FPS()->Employees()->Item(1);
-  if (submission.EYU()) return submission.EYU()->Employees()->Item(1);
-  return submission.EAS()->Employees()->Item(1);
-}
-
-Ref<clsEmployment> FirstEmployment(const Scene& scene) { return FirstEmployee(scene)->Employment()->Item(1); }
 
 Ref<clsEmployee> Employee(const Scene& scene) {
   return scene.Argument("absent employee", false) ? nullptr : FirstEmployee(scene);
@@ -45,11 +30,6 @@ eRTISUBMISSIONTYPE Type(const Scene& scene) {
   const auto type = scene.Argument<String>("type", "");
   if (type.empty()) return scene.submission->SubmissionType();
   return type == "EYU" ? eRTISUBMISSIONTYPE::IsEYU : eRTISUBMISSIONTYPE::IsFPS;
-}
-
-/// Tells the validator the tax year, which it keeps from a walk over any employees, or none.
-void TellTaxYear(Employees& validator, const Scene& scene) {
-  validator.ValidateEmployees(nullptr, Type(scene), scene.Argument<String>("tax_year", ""));
 }
 
 template <bool (Employees::*kRule)(const Ref<clsEmployee>&, const Ref<clsEmployment>&, const String&)>

@@ -7,20 +7,15 @@
 
 #include "zelnor/documents/clsBenefits.h"
 #include "zelnor/documents/clsCarDetails.h"
-#include "zelnor/documents/clsEmployee.h"
-#include "zelnor/documents/clsEmployment.h"
 #include "zelnor/documents/clsFiguresToDate.h"
 #include "zelnor/documents/clsFreeFuel.h"
 #include "zelnor/documents/clsNILettersAndValues.h"
 #include "zelnor/documents/clsPayment.h"
 #include "zelnor/documents/clsSeconded.h"
-#include "zelnor/documents/clsSectionEAS.h"
-#include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsStarter.h"
 #include "zelnor/platform/conversions.h"
-#include "zelnor/validation/vlsEmployeeValidator.h"
 
-#include "validation/rule_scene.h"
+#include "validation/scene_employees.h"
 
 namespace zelnor::test {
 namespace {
@@ -29,11 +24,6 @@ using Employees = vlsEmployeeValidator;
 
 // --- What the cases work on ---
 
-Ref<clsEmployee> FirstEmployee(const Scene& scene) {
-  clsSubmission& submission = *scene.submission;
-  return submission.FPS() ? submission.FPS()->Employees()->Item(1) : submission.EAS()->Employees()->Item(1);
-}
-Ref<clsEmployment> FirstEmployment(const Scene& scene) { return FirstEmployee(scene)->Employment()->Item(1); }
 Ref<clsPayment> Payment(const Scene& scene) { return FirstEmployment(scene)->Payment(); }
 Ref<clsNILettersAndValues> FirstLetter(const Scene& scene) {
   const auto records = FirstEmployment(scene)->NILettersAndValues();
@@ -59,11 +49,6 @@ eRTISUBMISSIONTYPE Type(const Scene& scene) {
   const auto type = scene.Argument<String>("type", "FPS");
   if (type == "EAS") return eRTISUBMISSIONTYPE::IsEAS;
   return type == "EYU" ? eRTISUBMISSIONTYPE::IsEYU : eRTISUBMISSIONTYPE::IsFPS;
-}
-
-/// Tells the validator the tax year, which it keeps from a walk over any employees, or none.
-void TellTaxYear(Employees& validator, const Scene& scene) {
-  validator.ValidateEmployees(nullptr, Type(scene), scene.Argument<String>("tax_year", ""));
 }
 
 Date DateOf(const Json& text) { return text.get<String>().empty() ? Date() : ToDate(text.get<String>()); }

@@ -1,7 +1,6 @@
 // Holds docs/guide/rules.md, the table of codes, against the cases of tests/rules/ and the advice beside the
 // guide. With ZELNOR_WRITE_GUIDE set it writes the page anew.
 
-#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <filesystem>
@@ -11,25 +10,16 @@
 #include <sstream>
 #include <vector>
 
+#include "validation/rule_files.h"
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 namespace zelnor::test {
 namespace {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::ordered_json;
 using std::string;
 
 const fs::path kGuide = fs::path(ZELNOR_SOURCE_DIR) / "docs/guide";
-const fs::path kRules = fs::path(ZELNOR_TEST_DATA) / "rules";
-
-string Content(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream content;
-  content << file.rdbuf();
-  return content.str();
-}
 
 /// Texts by the beginning of a code.
 class ByPrefix {
@@ -120,17 +110,9 @@ void Collect(const Json& errors, Rows& rows) {
 }
 
 Rows RowsOfTheRuleBook() {
-  std::vector<fs::path> paths;
-  for (const fs::directory_entry& entry : fs::directory_iterator(kRules)) {
-    if (entry.path().extension() == ".json" && entry.path().filename() != "exempt.json") {
-      paths.push_back(entry.path());
-    }
-  }
-  std::sort(paths.begin(), paths.end());
   Rows rows;
-  for (const fs::path& path : paths) {
-    const Json file = Json::parse(Content(path), nullptr, true, true);
-    for (const Json& each : file.at("cases")) Collect(each.value("errors", Json::array()), rows);
+  for (const RuleFile& file : RuleFiles()) {
+    for (const Json& each : file.content.at("cases")) Collect(each.value("errors", Json::array()), rows);
   }
   return rows;
 }

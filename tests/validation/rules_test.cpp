@@ -2,32 +2,18 @@
 
 #include "zelnor/platform/conversions.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <regex>
 #include <set>
-#include <sstream>
 
 #include "support/recording_host.h"
-#include "validation/rule_scene.h"
+#include "validation/rule_files.h"
 #include <gtest/gtest.h>
 
 namespace zelnor::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-const fs::path kRules = fs::path(ZELNOR_TEST_DATA) / "rules";
-const fs::path kExempt = kRules / "exempt.json";
-
-String Content(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("can't read " + path.string());
-  std::ostringstream content;
-  content << file.rdbuf();
-  return content.str();
-}
 
 struct RuleCase {
   String file;
@@ -50,22 +36,11 @@ void PrintTo(const RuleCase& rule_case, std::ostream* out) {
 }
 
 std::vector<RuleCase> AllCases() {
-  std::vector<fs::path> paths;
-  for (const fs::directory_entry& entry : fs::directory_iterator(kRules)) {
-    if (entry.path().extension() == ".json" && entry.path() != kExempt) paths.push_back(entry.path());
-  }
-  std::sort(paths.begin(), paths.end());
   std::vector<RuleCase> cases;
-  for (const fs::path& path : paths) {
-    Json all;
-    try {
-      all = Json::parse(Content(path), nullptr, true, true);
-    } catch (const std::exception& error) {
-      throw std::runtime_error(path.string() + ": " + error.what());
-    }
-    const Json each_case = all.at("cases");
-    all.erase("cases");
-    for (const Json& self : each_case) cases.push_back({path.stem().string(), all, self});
+  for (RuleFile& file : RuleFiles()) {
+    const Json each_case = file.content.at("cases");
+    file.content.erase("cases");
+    for (const Json& self : each_case) cases.push_back({file.name, file.content, self});
   }
   return cases;
 }
