@@ -1,8 +1,8 @@
 #pragma once
 
 /// @file
-/// What the rules of employees read, and how they write it out. A record that isn't there raises error 91, which is
-/// then the rule's processing error.
+/// What the rules of employees read, and how they write it out. A record that isn't there raises error 91,
+/// which is then the rule's processing error.
 
 #include "zelnor/common/record.h"
 #include "zelnor/documents/clsEmployee.h"

@@ -3,14 +3,14 @@
 /// @file
 /// The files of cases in tests/rules/.
 
-#include "validation/rule_scene.h"
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
 #include <vector>
+
+#include "validation/rule_scene.h"
 
 namespace zelnor::test {
 
