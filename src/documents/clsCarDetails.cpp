@@ -1,6 +1,7 @@
 #include "zelnor/documents/clsCarDetails.h"
 
 #include "zelnor/common/modPublicEnums.h"
+#include "zelnor/platform/conversions.h"
 #include "zelnor/platform/text.h"
 
 namespace zelnor {
@@ -57,16 +58,16 @@ bool clsCarDetails::CreateFromXML(const XmlNode& xmlNode) {
         if (!child.IsElement()) continue;
         const std::string_view name = child.BaseName();
         if (name == "Make") make_ = child.Text();
-        if (name == "FirstRegd") first_regd_ = DateFromXML(child.Text());
+        if (name == "FirstRegd") first_regd_ = ToDate(child.Text());
         if (name == "CO2") co2_ = child.Text();
         if (name == "ZeroEmissionsMileage") zero_emissions_mileage_ = ToInteger(child.Text());
         if (name == "Fuel") fuel_ = FuelFromLetter(UpperCase(child.Text()));
         if (name == "ID") id_ = child.Text();
         if (name == "Amendment") amendment_ = IsYes(child.Text());
         if (name == "Price") price_ = ToCurrency(child.Text());
-        if (name == "AvailFrom") avail_from_ = DateFromXML(child.Text());
+        if (name == "AvailFrom") avail_from_ = ToDate(child.Text());
         if (name == "CashEquiv") cash_equiv_ = ToCurrency(child.Text());
-        if (name == "AvailTo") avail_to_ = DateFromXML(child.Text());
+        if (name == "AvailTo") avail_to_ = ToDate(child.Text());
         if (name == "FreeFuel") free_fuel_ = NewFromXML<clsFreeFuel>(child);
       }
       result = true;

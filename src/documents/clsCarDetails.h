@@ -26,7 +26,7 @@ class ZELNOR_API clsCarDetails : public Record {
   bool ParseFromXML(const String& strXML);
 
   /// Clears the record, then fills it from a node's children. False for a node of another name, and after a
-  /// failure, which is shown in the host's message box.
+  /// failure, such as a day that is no date, which is shown in the host's message box.
   bool CreateFromXML(const XmlNode& xmlNode);
 
   using Record::Validated;

@@ -59,8 +59,8 @@ class ZELNOR_API clsEmployee : public Record, public std::enable_shared_from_thi
 
   /// The employments, in the order in which they are written; an absent collection is made by the read. A
   /// write stores the collection and becomes the Parent of each member. It raises to the caller error 6001
-  /// for 16 employments or more, which it stores all the same, and error 91 for no collection; the source is
-  /// "[ZELNOR.dll::clsEmployee]: Employment".
+  /// for 16 employments or more, which it stores all the same, and error 91 for no collection; the source
+  /// begins with "[ZELNOR.dll::clsEmployee]: Employment".
   ///@{
   CollectionRef<clsEmployment> Employment();
   void Employment(CollectionRef<clsEmployment> value);
@@ -111,7 +111,7 @@ class ZELNOR_API clsEmployee : public Record, public std::enable_shared_from_thi
   bool HasPaymentToANonIndividualSet() const;
 
   /// Whether any employment has a week or month of a director's appointment. Failures of this and the next
-  /// three go on to the caller with the source "[clsEmployee]: " and the member's name.
+  /// three go on to the caller with a source that begins with "[clsEmployee]: " and the member's name.
   bool HasDirectorWeekNumberSet() const;
 
   /// Whether any employment has a starter record.

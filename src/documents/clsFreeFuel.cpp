@@ -1,6 +1,7 @@
 #include "zelnor/documents/clsFreeFuel.h"
 
 #include "zelnor/common/modPublicEnums.h"
+#include "zelnor/platform/conversions.h"
 
 namespace zelnor {
 
@@ -21,9 +22,9 @@ bool clsFreeFuel::CreateFromXML(const XmlNode& xmlNode) {
       for (const XmlNode& child : xmlNode.ChildNodes()) {
         if (!child.IsElement()) continue;
         const std::string_view name = child.BaseName();
-        if (name == "Provided") provided_ = DateFromXML(child.Text());
+        if (name == "Provided") provided_ = ToDate(child.Text());
         if (name == "CashEquiv") cash_equiv_ = ToCurrency(child.Text());
-        if (name == "Withdrawn") withdrawn_ = DateFromXML(child.Text());
+        if (name == "Withdrawn") withdrawn_ = ToDate(child.Text());
       }
       result = true;
     }

@@ -1,6 +1,7 @@
 #include "zelnor/documents/clsPayment.h"
 
 #include "zelnor/common/modPublicEnums.h"
+#include "zelnor/platform/conversions.h"
 #include "zelnor/platform/text.h"
 
 #include <algorithm>
@@ -52,6 +53,11 @@ std::int32_t IndexOf(Texts texts, std::string_view text) {
 PAY_FREQUENCY PayFrequencyFrom(const String& text) {
   const std::int32_t index = IndexOf(kPayFrequencies, UpperCase(text));
   return index < 0 ? PAY_FREQUENCY::Irregular : PAY_FREQUENCY{index};
+}
+
+// A plan is at most two digits; anything else is none.
+StudentLoan_PlanType PlanTypeFrom(const String& text) {
+  return text.size() <= 2 && IsNumeric(text) ? StudentLoan_PlanType{ToLong(text)} : StudentLoan_PlanType{};
 }
 
 HOURS_WORKED HoursWorkedFrom(const String& text) {
@@ -185,7 +191,7 @@ void clsPayment::ReadOther(std::string_view name, const XmlNode& child) {
   if (name == "PayFreq") {
     pay_frequency_ = PayFrequencyFrom(child.Text());
   } else if (name == "PmtDate") {
-    pay_date_ = DateFromXML(child.Text());
+    pay_date_ = ToDate(child.Text());
   } else if (name == "MonthNo") {
     month_no_ = child.Text();
   } else if (name == "WeekNo") {
@@ -198,7 +204,7 @@ void clsPayment::ReadOther(std::string_view name, const XmlNode& child) {
     tax_code_->CreateFromXML(child);
   } else if (name == "StudentLoanRecovered") {
     student_loan_recovered_ = ToCurrency(child.Text());
-    student_loan_plan_type_ = StudentLoan_PlanType{ToLong(child.Attribute("PlanType").value_or("0"))};
+    student_loan_plan_type_ = PlanTypeFrom(child.Attribute("PlanType").value_or(""));
   } else if (name == "LateReason") {
     late_reason_ = LateReasonFrom(child.Text());
   } else if (name == "AggregatedEarnings") {

@@ -48,7 +48,7 @@ class ZELNOR_API clsPayment : public Record {
 
   /// Clears the record, except PayFrequency, then fills it from a node's children; a new tax code is held
   /// afterwards, even without a `TaxCode`. False for a node of another name, and after a failure, such as an
-  /// amount that is no number, which is shown in the host's message box.
+  /// amount that is no number or a day that is no date, which is shown in the host's message box.
   bool CreateFromXML(const XmlNode& xmlNode);
 
   using Record::Validated;

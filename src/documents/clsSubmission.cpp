@@ -339,7 +339,7 @@ String clsSubmission::Namespace() {
           WarnOfMissingSchema();
         }
       }
-      if (!path.empty()) namespace_ = TargetNamespaceOf(path);
+      if (!path.empty()) namespace_ = TargetNamespaceOf(path).value_or("");
     }
     result = namespace_;
   });

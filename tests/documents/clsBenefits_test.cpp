@@ -80,16 +80,16 @@ TEST(clsFreeFuel, ReadingClearsTheRecord) {
   EXPECT_FALSE(fuel.ParseFromXML("<Fuel/>"));
 }
 
-TEST(clsFreeFuel, AnAmountThatIsNoNumberEndsTheReading) {
-  WithRecordingHost host;
-  clsFreeFuel fuel;
-  EXPECT_FALSE(
-      fuel.ParseFromXML("<FreeFuel><CashEquiv>x</CashEquiv><Provided>2025-04-06</Provided>"
-                        "</FreeFuel>"));
-  EXPECT_TRUE(fuel.Provided().IsZero());
-  ASSERT_EQ(host->messages.size(), 1U);
-  EXPECT_TRUE(host->messages[0].text.starts_with(
-      "Error in ZELNOR.dll::clsFreeFuel: Function CreateFromXML: Error 13 - "));
+TEST(clsFreeFuel, ATextThatIsNoNumberOrDateEndsTheReading) {
+  for (const String child : {"<CashEquiv>x</CashEquiv>", "<Withdrawn>soon</Withdrawn>"}) {
+    WithRecordingHost host;
+    clsFreeFuel fuel;
+    EXPECT_FALSE(fuel.ParseFromXML("<FreeFuel>" + child + "<Provided>2025-04-06</Provided></FreeFuel>"));
+    EXPECT_TRUE(fuel.Provided().IsZero());
+    ASSERT_EQ(host->messages.size(), 1U);
+    EXPECT_TRUE(host->messages[0].text.starts_with(
+        "Error in ZELNOR.dll::clsFreeFuel: Function CreateFromXML: Error 13 - "));
+  }
 }
 
 // ---- Car
@@ -158,6 +158,20 @@ TEST(clsCarDetails, ReadsFiveLettersOfFuel) {
 TEST(clsCarDetails, AnElectricCarComesOutAsAllOther) {
   const auto car = Read<clsCarDetails>("<Car><Fuel>E</Fuel></Car>");
   EXPECT_EQ(car->ToXML(test::Root("<P/>")).FindChild("Fuel").Text(), "A");
+}
+
+TEST(clsCarDetails, ADayThatIsNoDateEndsTheReading) {
+  for (const String name : {"FirstRegd", "AvailFrom", "AvailTo"}) {
+    WithRecordingHost host;
+    clsCarDetails car;
+    EXPECT_FALSE(
+        car.ParseFromXML("<Car><Make>Kestrel</Make><" + name + ">soon</" + name + "><ID>K1</ID></Car>"));
+    EXPECT_EQ(car.Make(), "Kestrel");
+    EXPECT_EQ(car.ID(), "");
+    ASSERT_EQ(host->messages.size(), 1U);
+    EXPECT_TRUE(host->messages[0].text.starts_with(
+        "Error in ZELNOR.dll::clsCarDetails: Function CreateFromXML: Error 13 - "));
+  }
 }
 
 TEST(clsCarDetails, ReadsYesInAnyCaseAsAmendment) {

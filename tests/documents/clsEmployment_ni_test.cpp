@@ -162,6 +162,22 @@ TEST_F(DuplicateNILetter, IsAddedUpWhenCombined) {
   ExpectAmounts(*held, 11);
 }
 
+TEST_F(DuplicateNILetter, LeavesTwoAmountsOfTheOtherAlone) {
+  for (const Long answer : {kCombine, kReplace}) {
+    host->answer = {answer, false};
+    clsEmployment other;
+    const Ref<Row> held = other.AddNILettersAndValues(MakeRow(1));
+    held->PTtoUEL(21);
+    held->GrossEarningsForNICs(22);
+    const Ref<Row> given = MakeRow(10);
+    given->PTtoUEL(31);
+    given->GrossEarningsForNICs(32);
+    EXPECT_EQ(other.AddNILettersAndValues(given), held);
+    EXPECT_EQ(held->PTtoUEL(), Currency(21));
+    EXPECT_EQ(held->GrossEarningsForNICs(), Currency(22));
+  }
+}
+
 TEST_F(DuplicateNILetter, CombinesRefundsToTrueUnlessBothAreFalse) {
   host->answer = {kCombine, false};
   for (const bool held_refund : {false, true}) {

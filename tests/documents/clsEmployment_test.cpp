@@ -164,6 +164,13 @@ TEST(clsEmployment, HandsDocumentAndGenderToThePayment) {
   EXPECT_FALSE(WrittenIn(kEYU, job).FindChild("Payment").FindChild("PayFreq"));
 }
 
+TEST(clsEmployment, WritesTheNIRowsInTheirOrder) {
+  String letters;
+  for (const XmlNode& row : WrittenIn(kFPS, *FullJob()).SelectNodes("NIlettersAndValues"))
+    letters += row.FindChild("NIletter").Text();
+  EXPECT_EQ(letters, "AB");
+}
+
 TEST(clsEmployment, HandsTheDocumentToTheNIRows) {
   Job job;
   job.AddNILettersAndValues();

@@ -313,17 +313,8 @@ TEST(clsPayment, ReadsThePeriod) {
   EXPECT_EQ(payment->BacsHashCode(), "0af");
 }
 
-TEST(clsPayment, ReadsADayOfAnotherLengthAsNone) {
-  EXPECT_TRUE(ReadChild("<PmtDate>2025-9-30</PmtDate>")->PayDate().IsZero());
-  EXPECT_EQ(ReadChild("<PmtDate>2025-09-30T00:00:00</PmtDate>")->PayDate(), kPayDay);
-}
-
-TEST(clsPayment, AFalseDayIsReportedAndTheReadingGoesOn) {
-  WithRecordingHost host;
-  const auto payment = ReadChild("<PmtDate>2025-xx-30</PmtDate><TaxablePay>5</TaxablePay>");
-  EXPECT_EQ(host->messages.size(), 1U);
-  EXPECT_TRUE(payment->PayDate().IsZero());
-  EXPECT_EQ(payment->TaxablePay(), Currency(5));
+TEST(clsPayment, ReadsADayAsAPersonWouldWriteIt) {
+  EXPECT_EQ(ReadChild("<PmtDate>30/09/2025</PmtDate>")->PayDate(), kPayDay);
 }
 
 TEST(clsPayment, ReadsFlagsByTheirPresence) {
@@ -398,8 +389,11 @@ TEST(clsPayment, ReadsTheStudentLoansPlan) {
   EXPECT_EQ(
       ReadChild("<StudentLoanRecovered PlanType=\"04\">9</StudentLoanRecovered>")->StudentLoanPlanType(),
       StudentLoan_PlanType::enmPlan4);
-  EXPECT_EQ(ReadChild("<StudentLoanRecovered>9</StudentLoanRecovered>")->StudentLoanPlanType(),
-            StudentLoan_PlanType{});
+  for (const String attribute : {"", " PlanType=\"\"", " PlanType=\"Plan 2\"", " PlanType=\"99999999999\""}) {
+    const auto payment = ReadChild("<StudentLoanRecovered" + attribute + ">9</StudentLoanRecovered>");
+    EXPECT_EQ(payment->StudentLoanPlanType(), StudentLoan_PlanType{}) << attribute;
+    EXPECT_EQ(payment->StudentLoanRecovered(), Currency(9));
+  }
 }
 
 TEST(clsPayment, ReadsTrivialCommutationPaymentsByTheirType) {
@@ -455,9 +449,9 @@ TEST(clsPayment, RefusesAnotherName) {
   EXPECT_FALSE(payment.CreateFromXML(test::Root("<Pay/>")));
 }
 
-TEST(clsPayment, ATextThatIsNoNumberEndsTheReading) {
+TEST(clsPayment, ATextThatIsNoNumberOrDateEndsTheReading) {
   for (const String child : {"<SAPYTD>x</SAPYTD>", "<PeriodsCovered>many</PeriodsCovered>",
-                             "<StudentLoanRecovered PlanType=\"two\">1</StudentLoanRecovered>"}) {
+                             "<PmtDate>2025-xx-30</PmtDate>", "<PmtDate/>"}) {
     WithRecordingHost host;
     clsPayment payment;
     EXPECT_FALSE(payment.ParseFromXML("<Payment><TaxablePay>5</TaxablePay>" + child +
