@@ -81,12 +81,15 @@ void OnError(void* context, xmlErrorPtr raised) {
        raised->int2);
 }
 
-// Drops a text of white space alone that has just been completed by what follows it.
-void DropBlank(xmlParserCtxt* context) {
+// Drops a text of white space alone that has just been completed by what follows it. The parser keeps the
+// values of xml:space as a stack; the open element's is the topmost, and the one below at the start of a
+// child.
+void DropBlank(xmlParserCtxt* context, int levels_above_open_element = 0) {
   if (context->node == nullptr || RunOf(context).request->preserve_white_space) return;
   xmlNode* last = context->node->last;
   if (last == nullptr || last->type != XML_TEXT_NODE || !IsBlank(last)) return;
-  if (context->space != nullptr && *context->space == 1) return;  // xml:space="preserve"
+  const int level = context->spaceNr - 1 - levels_above_open_element;
+  if (level >= 0 && context->spaceTab[level] == 1) return;  // xml:space="preserve"
   xmlUnlinkNode(last);
   xmlFreeNode(last);
 }
@@ -95,7 +98,7 @@ void OnStartElement(void* context, const xmlChar* name, const xmlChar* prefix, c
                     int namespace_count, const xmlChar** namespaces, int attribute_count, int defaulted_count,
                     const xmlChar** attributes) {
   xmlParserCtxt* parser = Context(context);
-  DropBlank(parser);
+  DropBlank(parser, 1);
   if (parser->nodeNr >= kMaxXmlDepth) {
     Refuse(parser, kTooDeep,
            "The document is nested deeper than " + std::to_string(kMaxXmlDepth) + " levels.");
@@ -120,6 +123,15 @@ void OnEndElement(void* context, const xmlChar* name, const xmlChar* prefix, con
 void OnComment(void* context, const xmlChar* text) {
   DropBlank(Context(context));
   xmlSAX2Comment(context, text);
+}
+
+// Each section is a node of its own; libxml2's handler would join neighbours.
+void OnCData(void* context, const xmlChar* text, int length) {
+  xmlParserCtxt* parser = Context(context);
+  DropBlank(parser);
+  xmlNode* section = xmlNewCDataBlock(parser->myDoc, text, length);
+  if (section == nullptr) return Refuse(parser, XML_ERR_NO_MEMORY, "There is not enough memory.");
+  xmlAddChild(parser->node, section);
 }
 
 void OnInstruction(void* context, const xmlChar* target, const xmlChar* data) {
@@ -210,6 +222,7 @@ void SetHandlers(xmlParserCtxt* context, Run& run) {
   sax.startElementNs = OnStartElement;
   sax.endElementNs = OnEndElement;
   sax.comment = OnComment;
+  sax.cdataBlock = OnCData;
   sax.processingInstruction = OnInstruction;
   sax.internalSubset = OnInternalSubset;
   sax.entityDecl = OnEntity;

@@ -234,6 +234,7 @@ TEST_F(clsSHA1Test, MarkedTextIsTheTextOfTheDocumentThatCreateIRMarkReturns) {
            keys + "<Sender>Company</Sender>",
            keys + "<IRmark Type=\"generic\">old</IRmark><Sender>Company</Sender>",
            "\n  " + keys + "\n<DefaultCurrency> </DefaultCurrency>\n<Sender>\xC2\xA3 &amp; &lt;</Sender>",
+           keys + " <Sender> <![CDATA[Company]]></Sender> <Other xml:space=\"preserve\"> </Other>",
        }) {
     const XmlDocument document;
     document.PreserveWhiteSpace(true);

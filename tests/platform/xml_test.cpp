@@ -44,6 +44,10 @@ TEST(Xml, KeepsWhiteSpaceWhenPreserving) {
 
 TEST(Xml, KeepsWhiteSpaceUnderXmlSpace) {
   EXPECT_EQ(RoundTrip("<a xml:space=\"preserve\"> <b/> </a>"), "<a xml:space=\"preserve\"> <b></b> </a>");
+  EXPECT_EQ(RoundTrip("<a> <b xml:space=\"preserve\"> </b> </a>"), "<a><b xml:space=\"preserve\"> </b></a>");
+  EXPECT_EQ(RoundTrip("<a xml:space=\"preserve\"> <b xml:space=\"default\"> </b> </a>"),
+            "<a xml:space=\"preserve\"> <b xml:space=\"default\"></b> </a>");
+  EXPECT_EQ(RoundTrip("<a> <![CDATA[x]]> <![CDATA[ ]]></a>"), "<a><![CDATA[x]]><![CDATA[ ]]></a>");
 }
 
 TEST(Xml, WritesTheDeclarationAsItStood) {
