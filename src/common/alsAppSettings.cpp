@@ -55,16 +55,12 @@ void alsAppSettings::LoadConfig() {
   });
 }
 
-Date alsAppSettings::GetLastModifiedDate() {
-  Date result;
-  Handled(kClass, "Function GetLastModifiedDate", [&] { result = FileDate(path_); });
-  return result;
-}
+Date alsAppSettings::GetLastModifiedDate() { return FileDate(path_); }
 
 bool alsAppSettings::FileChangedSinceLastAccessed() { return last_known_ != GetLastModifiedDate(); }
 
 void alsAppSettings::ReloadWhenChanged() {
-  if (last_known_ != FileDate(path_)) LoadConfig();
+  if (FileChangedSinceLastAccessed()) LoadConfig();
 }
 
 XmlNode alsAppSettings::Find(const String& key, const String& version) {
@@ -119,8 +115,10 @@ void alsAppSettings::WriteDocument() {
 }
 
 void alsAppSettings::EndUpdate() {
-  batching_ = false;
-  Handled(kClass, "Sub EndUpdate", [&] { WriteDocument(); });
+  Handled(kClass, "Sub EndUpdate", [&] {
+    WriteDocument();
+    batching_ = false;
+  });
 }
 
 void alsAppSettings::Save() {

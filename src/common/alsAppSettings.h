@@ -24,11 +24,11 @@ class ZELNOR_API alsAppSettings {
   /// Parses the file anew. A file that isn't well formed is reported and gives a document without settings.
   void LoadConfig();
 
-  /// The file's modification time; the zero date after a failure.
+  /// The file's modification time. Raises error 53 when the file is gone.
   Date GetLastModifiedDate();
 
   /// Whether the file's time differs from the one after this object's last save. An object that has only
-  /// loaded sees the file as changed.
+  /// loaded sees the file as changed. Raises error 53 when the file is gone.
   bool FileChangedSinceLastAccessed();
 
   /// The text of a key; empty when there is none. With a version, only the key's element with that attribute
@@ -51,7 +51,8 @@ class ZELNOR_API alsAppSettings {
   /// and so loses what it gathered.
   void BeginUpdate();
 
-  /// Writes the file and ends the gathering. The file counts as changed afterwards.
+  /// Writes the file and ends the gathering. The file counts as changed afterwards. A file that can't be
+  /// written is reported, and the gathering goes on.
   void EndUpdate();
 
   /// Writes the file. Without a document, after a failed load, that is refused (error 91) and the file left

@@ -6,13 +6,13 @@
 
 namespace zelnor {
 
-String TargetNamespaceOf(const String& strSchemaPath) {
+std::optional<String> TargetNamespaceOf(const String& strSchemaPath) {
   const XmlDocument schema;
   schema.ValidateOnParse(false);
   schema.Async(false);
   schema.ResolveExternals(false);
   if (!schema.Load(ResolveProgramPath(strSchemaPath))) return {};
-  return schema.DocumentElement().Attribute("targetNamespace").value_or("");
+  return schema.DocumentElement().Attribute("targetNamespace");
 }
 
 void WarnOfMissingSchema(const String& strMore) {

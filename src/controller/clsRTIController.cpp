@@ -288,15 +288,16 @@ void clsRTIController::DoSchemaValidation(bool value) {
   });
 }
 
-// Gives mode and date to the header and to each channel routing.
-void clsRTIController::DateEnvelope() {
+// Gives mode and date to the header and to each channel routing. A change of the mode leaves the routings the
+// time that they have while no date is set: a zero one is not written.
+void clsRTIController::DateEnvelope(bool with_routings_time) {
   clsGovTalkMessage& message = Required(mobjGovTalkMessage);
   const Ref<clsGTMMessageDetails> details = message.Header_MessageDetails();
   details->Mode(submission_mode_);
   details->GatewayTimestamp(Process().SystemDate);
   for (const Ref<clsGTMChannelRouting>& routing : *message.GTMGovTalkDetails()->ChannelRouting()) {
     Required(routing).Mode(submission_mode_);
-    routing->Timestamp(Process().SystemDate);
+    if (with_routings_time) routing->Timestamp(Process().SystemDate);
   }
 }
 
@@ -304,7 +305,7 @@ Date clsRTIController::SystemDate() const { return Process().SystemDate; }
 void clsRTIController::SystemDate(Date value) {
   Handled(kClass, "Let SystemDate", [&] {
     Process().SystemDate = value;
-    DateEnvelope();
+    DateEnvelope(true);
   });
 }
 
@@ -337,6 +338,10 @@ void clsRTIController::AutoCompressionLimit(Integer value) {
 }
 
 Ref<clsLog> clsRTIController::ProcessingLog() const { return log_this_session_ ? log_ : nullptr; }
+
+void clsRTIController::OpenLog() {
+  if (log_this_session_) Required(log_).OpenLog();
+}
 
 void clsRTIController::LogSubmissionYear(Integer value) {
   Handled(kClass, "Let LogSubmissionYear", [&] {
@@ -452,7 +457,7 @@ void clsRTIController::SubmissionMode(RTI_SEND_MODE value) {
   Handled(kClass, "Let SubmissionMode", [&] {
     submission_mode_ = value;
     if (log_this_session_) Required(log_).SetSubmissionMode(value);
-    DateEnvelope();
+    DateEnvelope(!Process().SystemDate.IsZero());
   });
 }
 

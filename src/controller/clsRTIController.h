@@ -70,7 +70,7 @@ class ZELNOR_API clsRTIController {
   String GatewayErrors() const;
 
   /// Whether the log is used. Writing False drops the log for the rest of the session; a later True doesn't
-  /// bring it back.
+  /// bring it back, and every send, save and validation then ends in error 91: leave it False.
   ///@{
   bool LogThisSession() const;
   void LogThisSession(bool value);
@@ -114,6 +114,9 @@ class ZELNOR_API clsRTIController {
   String SavePath();
   void SavePath(const String& value);
   ///@}
+
+  /// Saves the log and has the host show its file; nothing in a session without a log.
+  void OpenLog();
 
   /// The master switch of validation; written to the setting of that name. Writing True switches on all five
   /// stages.
@@ -279,7 +282,8 @@ class ZELNOR_API clsRTIController {
   SUBMISSION_RESULT SaveSubmission(const String& strFilepath = {});
 
   /// Shows the file that SaveSubmission wrote last, with a program (a path, no arguments) or, when it is
-  /// empty, with the host's viewer. Never goes through a shell.
+  /// empty, with the host's viewer. Never goes through a shell. Reported as error 53: a program that can't be
+  /// started, and that nothing was saved yet.
   void OpenSubmissionFile(const String& strApplicationPath = {});
 
   /// Whether SaveSubmission wrote its file.
@@ -327,7 +331,7 @@ class ZELNOR_API clsRTIController {
   // Member functions of the controller's core.
   void ReadSettings();
   void UpdateStatus(const String& strStage, const String& strStatusDescr, Long intProgressPercent);
-  void DateEnvelope();
+  void DateEnvelope(bool with_routings_time);
   void Hold(Ref<clsGovTalkMessage> message);
   void OnCompressionError(const String& description);
   void Log(const String& line);
@@ -358,6 +362,7 @@ class ZELNOR_API clsRTIController {
   bool SaveCopies(const String& strSaveACopyTo, const String& strSaveAnotherCopyTo);
   void ReportSendError(const RuntimeError& error, const String& sentence);
   XmlDocument EnsureIRMarkedDocument();
+  static XmlDocument MarkedDocument(clsGovTalkMessage& message);
   void TakeLogSnapshot();
   void LogSubmission(const XmlDocument& document);
 

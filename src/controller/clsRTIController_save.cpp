@@ -50,7 +50,7 @@ SUBMISSION_RESULT clsRTIController::SaveSubmission(const String& strFilepath) {
     if (!message.SubmissionDocument()->Header()->HasDocIRMarkValue()) {
       MarkAndRebuild(message);
     }
-    const XmlDocument document = message.Document();
+    const XmlDocument document = MarkedDocument(message);
     document.ValidateOnParse(false);
     document.ResolveExternals(false);
     document.PreserveWhiteSpace(false);
@@ -103,6 +103,7 @@ String clsRTIController::PathToSave(const String& strFilepath) {
 
 void clsRTIController::OpenSubmissionFile(const String& strApplicationPath) {
   Handled(kClass, "Sub OpenSubmissionFile", [&] {
+    if (submission_file_path_.empty()) ThrowFileNotFound();
     if (!CurrentHost()->OpenFile(strApplicationPath, submission_file_path_)) ThrowFileNotFound();
   });
 }

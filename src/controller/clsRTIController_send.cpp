@@ -152,20 +152,25 @@ void clsRTIController::ReportSendError(const RuntimeError& error, const String& 
                         (sentence.empty() ? sentence : "." + sentence));
 }
 
-// The document with its mark. A send marks the header behind the document's back, so that this may have to be
-// written once more.
 XmlDocument clsRTIController::EnsureIRMarkedDocument() {
   const Ref<clsGovTalkMessage> message = mobjGovTalkMessage;
-  const Ref<clsSectionIRHeader> header = Required(message).SubmissionDocument()->Header();
-  if (!header->HasDocIRMarkValue()) return clsSHA1().CreateIRMark(*message);
-  XmlDocument document = message->Document();
+  if (!Required(message).SubmissionDocument()->Header()->HasDocIRMarkValue())
+    return clsSHA1().CreateIRMark(*message);
+  return MarkedDocument(*message);
+}
+
+// The document of a message whose header has a mark. A send marks the header behind the document's back, so
+// that this may have to be written once more.
+XmlDocument clsRTIController::MarkedDocument(clsGovTalkMessage& message) {
+  const Ref<clsSectionIRHeader> header = message.SubmissionDocument()->Header();
+  XmlDocument document = message.Document();
   const XmlNode mark = document.SelectSingleNode(
       "/*/*[local-name() = 'Body']/*[local-name() = 'IRenvelope']/*[local-name() = "
       "'IRheader']/*[local-name() = "
       "'IRmark']");
   if (!mark || mark.Text() != header->DocIRMark()->value()) {
-    message->RewriteIRHeader();
-    document = message->Document();
+    message.RewriteIRHeader();
+    document = message.Document();
   }
   return document;
 }

@@ -40,6 +40,7 @@ void clsGTMTargetDetails::Organisations(OrganisationCollection value) {
 
 void clsGTMTargetDetails::AddOrganisation(const String& strOrganisation) {
   Organisations()->Add(strOrganisation);
+  validated_ = false;
 }
 
 XmlNode clsGTMTargetDetails::ToXML(const XmlNode& xmlParent) {

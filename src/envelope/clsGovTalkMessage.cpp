@@ -257,7 +257,14 @@ String clsGovTalkMessage::Namespace() {
         WarnOfMissingSchema("\r\n\r\n" + tried);
       }
     }
-    if (!path.empty()) namespace_ = TargetNamespaceOf(path);
+    if (path.empty()) return;
+    const std::optional<String> found = TargetNamespaceOf(path);
+    if (!found) {
+      throw RuntimeError(91, "ZELNOR",
+                         DescriptionOf(91) + ": the envelope has no namespace, since the schema " + path +
+                             " of the setting " + key + " can't be read.");
+    }
+    namespace_ = *found;
   });
   return namespace_;
 }

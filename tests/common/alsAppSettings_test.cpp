@@ -280,13 +280,26 @@ TEST_F(alsAppSettingsTest, AFileThatIsGoneIsReported) {
                   "Error in ZELNOR.dll::alsAppSettings: Function SetSetting: Error 53 - File not found"));
 }
 
-TEST_F(alsAppSettingsTest, AskingForTheTimeOfAFileThatIsGoneIsReported) {
+TEST_F(alsAppSettingsTest, AskingForTheTimeOfAFileThatIsGoneRaises53) {
   alsAppSettings settings;
   std::filesystem::remove(folder_.At("rti.config"));
-  EXPECT_TRUE(settings.GetLastModifiedDate().IsZero());
-  EXPECT_THAT(Boxes(),
-              ElementsAre("Error in ZELNOR.dll::alsAppSettings: Function GetLastModifiedDate: Error 53 - "
-                          "File not found"));
+  EXPECT_EQ(RaisedNumber([&] { settings.GetLastModifiedDate(); }), 53);
+  EXPECT_EQ(RaisedNumber([&] { settings.FileChangedSinceLastAccessed(); }), 53);
+  EXPECT_TRUE(Boxes().empty());
+}
+
+TEST_F(alsAppSettingsTest, GatheringGoesOnAfterAnEndUpdateThatCannotWrite) {
+  alsAppSettings settings;
+  settings.BeginUpdate();
+  PutFile(kNotWellFormed);
+  settings.LoadConfig();
+  settings.EndUpdate();
+  EXPECT_THAT(Boxes().back(), HasSubstr("Sub EndUpdate: Error 91 - "));
+  PutSettings("");
+  settings.SetSetting("A", "1");
+  EXPECT_THAT(File(), Not(HasSubstr("<A>")));
+  settings.EndUpdate();
+  EXPECT_THAT(File(), HasSubstr("<A>1</A>"));
 }
 
 TEST_F(alsAppSettingsTest, AFileThatIsNotWellFormedReadsEmptyWithTheReason) {

@@ -133,12 +133,20 @@ TEST_F(ControllerTest, ANegativeErrorAllowanceIsStoredAsZero) {
   EXPECT_EQ(rti.MaxErrors(), 7);
 }
 
+TEST_F(ControllerTest, OpensItsLog) {
+  clsRTIController rti;
+  rti.OpenLog();
+  EXPECT_THAT(host_->opened, ElementsAre(std::pair(String(), rti.ProcessingLog()->LogFilePath())));
+}
+
 TEST_F(ControllerTest, ADroppedLogDoesNotComeBack) {
   clsRTIController rti;
   const Ref<clsLog> log = rti.ProcessingLog();
   rti.LogThisSession(false);
   EXPECT_TRUE(log->DontSaveLog());
   EXPECT_FALSE(rti.ProcessingLog());
+  rti.OpenLog();
+  EXPECT_THAT(host_->opened, testing::IsEmpty());
   rti.LogCompanyName("X");
   rti.AddExternalLogEntry("nothing");
   rti.AddLogPeriodDescr(PERIOD_TYPE::ptWeek, 3);
@@ -245,6 +253,19 @@ TEST_F(ControllerTest, ModeAndDateReachTheEnvelope) {
   ASSERT_GT(routing->Count(), 0);
   EXPECT_EQ(routing->Item(1)->Mode(), RTI_SEND_MODE::DevTest);
   EXPECT_EQ(routing->Item(1)->Timestamp(), day);
+}
+
+TEST_F(ControllerTest, AModeWithoutADateLeavesTheRoutingsTheirTime) {
+  clsRTIController rti;
+  rti.ReadXML(Sample());
+  const auto routing = rti.GovTalkMessage()->GTMGovTalkDetails()->ChannelRouting()->Item(1);
+  const Date time = routing->Timestamp();
+  ASSERT_FALSE(time.IsZero());
+  rti.SubmissionMode(RTI_SEND_MODE::Test);
+  EXPECT_EQ(routing->Mode(), RTI_SEND_MODE::Test);
+  EXPECT_EQ(routing->Timestamp(), time);
+  rti.SystemDate({});
+  EXPECT_TRUE(routing->Timestamp().IsZero());
 }
 
 TEST_F(ControllerTest, CompressionMembersAreTheDocuments) {
@@ -378,6 +399,23 @@ TEST_F(ControllerTest, WritingACompressionSwitchMakesNoDocument) {
 TEST_F(ControllerTest, ErrorsAsXMLHaveTheirRoot) {
   clsRTIController rti;
   EXPECT_EQ(rti.Errors().Xml(), "<Errors></Errors>");
+}
+
+TEST_F(ControllerTest, AnEnvelopeSchemaThatCannotBeReadIsReported) {
+  for (const char* content : {"", "no xml", "<a/>"}) {
+    folder_.Put("envelope.xsd", content);
+    if (String(content).empty()) std::filesystem::remove(folder_.At("envelope.xsd"));
+    clsRTIController rti;
+    alsAppSettings().SetSetting("GovTalkMessage_XSD", folder_.At("envelope.xsd"));
+    host_->messages.clear();
+    EXPECT_THAT(rti.GovTalkMessage()->XML(), testing::StartsWith("<GovTalkMessage><EnvelopeVersion>"));
+    ASSERT_FALSE(host_->messages.empty());
+    EXPECT_EQ(
+        host_->messages[0].text,
+        "Error in ZELNOR.dll::clsGovTalkMessage: Property Namespace: Error 91 - Object variable or With "
+        "block variable not set: the envelope has no namespace, since the schema " +
+            folder_.At("envelope.xsd") + " of the setting GovTalkMessage_XSD can't be read.");
+  }
 }
 
 TEST_F(ControllerTest, OneWarningAndNoNamespaceWithoutSchemas) {

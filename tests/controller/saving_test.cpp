@@ -103,6 +103,20 @@ TEST_F(SavingTest, AMarkThatIsThereStays) {
   EXPECT_EQ(MarkIn(Saved()), "kept as it is");
 }
 
+TEST_F(SavingTest, WithoutAConnectionTheFileHasItsMarkAllTheSame) {
+  rti_.ValidationRequired(false);
+  for (const bool logged : {true, false}) {
+    if (!logged) rti_.LogThisSession(false);
+    rti_.Submission()->Header()->DocIRMark()->value("");
+    rti_.GovTalkMessage()->ForceRebuild();
+    host_->connection = {};
+    ASSERT_EQ(rti_.SendSubmission("user", "word"), SUBMISSION_RESULT::ConnectionFailed);
+    EXPECT_EQ(rti_.SaveSubmission(folder_.At("fps.xml")), SUBMISSION_RESULT::Successful);
+    EXPECT_EQ(MarkIn(Saved()).size(), 28U);
+    EXPECT_EQ(MarkIn(Saved()), rti_.Submission()->Header()->DocIRMark()->value());
+  }
+}
+
 TEST_F(SavingTest, SavingTwiceWritesTheSame) {
   rti_.SaveSubmission(folder_.At("one.xml"));
   rti_.SaveSubmission(folder_.At("two.xml"));
@@ -140,7 +154,16 @@ TEST_F(SavingTest, TheSavedFileIsOpenedByItsProgram) {
                                          std::pair(String("/usr/bin/my viewer"), folder_.At("fps.xml"))));
 }
 
+TEST_F(SavingTest, OpeningBeforeAnySaveIsReported) {
+  rti_.OpenSubmissionFile();
+  EXPECT_THAT(host_->opened, testing::IsEmpty());
+  ASSERT_EQ(host_->messages.size(), 1U);
+  EXPECT_EQ(host_->messages[0].text,
+            "Error in ZELNOR.dll::clsRTIController: Sub OpenSubmissionFile: Error 53 - File not found");
+}
+
 TEST_F(SavingTest, AProgramThatCannotBeStartedIsReported) {
+  rti_.SaveSubmission(folder_.At("fps.xml"));
   host_->can_open = false;
   rti_.OpenSubmissionFile("/nowhere/viewer");
   ASSERT_EQ(host_->messages.size(), 1U);

@@ -21,6 +21,13 @@ Long EmployeeIndexAt(const String& location) {
 
 }  // namespace
 
+TEST(clsGTMTargetDetails, IsToBeCheckedAgainWithOneMoreOrganisation) {
+  clsGTMTargetDetails target;
+  target.Validated(true);
+  target.AddOrganisation("IR");
+  EXPECT_FALSE(target.Validated());
+}
+
 TEST(clsGTMTargetDetails, WritesOneElementForEachOrganisation) {
   clsGTMTargetDetails target;
   target.AddOrganisation("IR");
