@@ -6,6 +6,7 @@
 #include "zelnor/platform/zip.h"
 
 #include "support/archives.h"
+#include "support/little_memory.h"
 #include "support/recording_host.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -131,6 +132,30 @@ TEST_F(DZEncoder, TellsTheNumberWhenItCouldNotPack) {
   EXPECT_EQ(coder_.CompressAndEncodeData(String(kFreelyUnpackedBytes + 1, 'a')),
             "Error occurred Zipping Data - Dynazip error number = 18");
   EXPECT_TRUE(host_->messages.empty());
+}
+
+TEST_F(DZEncoder, TellsWhatElseKeptItFromPacking) {
+  class StoppedClock : public test::RecordingHost {
+   public:
+    Date Now() override { ThrowOverflow(); }
+  };
+  SetHost(std::make_shared<StoppedClock>());
+  EXPECT_EQ(coder_.CompressAndEncodeData("text"), "Error in CompressAndEncodeData - Overflow");
+}
+
+TEST_F(DZEncoder, TellsThatTooLittleMemoryIsLeftToUnpack) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the address sanitizer ends the program where memory runs out";
+#endif
+  const String packed = Encoded(test::ZippedByZip(String(kFreelyUnpackedBytes - 1, 'a')));
+  String result;
+  {
+    const test::LittleMemory little(kFreelyUnpackedBytes / 2);
+    result = coder_.UncompressAndDecodeData(packed);
+  }
+  EXPECT_EQ(result, "Error in UncompressAndDecodeData - Out of memory");
+  EXPECT_EQ(coder_.UncompressedData(), "");
+  EXPECT_EQ(coder_.UncompressAndDecodeData(packed).size(), kFreelyUnpackedBytes - 1);
 }
 
 TEST_F(DZEncoder, LeavesNoFileBehind) {
