@@ -1,5 +1,13 @@
+#include "zelnor/documents/clsEmployee.h"
+#include "zelnor/documents/clsEmployeeDetails.h"
+#include "zelnor/documents/clsEmployerReferences.h"
+#include "zelnor/documents/clsPaymentForPeriod.h"
+#include "zelnor/documents/clsSectionEPS.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
+#include "zelnor/envelope/clsGTMMessageDetails.h"
+#include "zelnor/envelope/clsGovTalkMessage.h"
+#include "zelnor/validation/error_record.h"
 
 #include "controller/controller_fixture.h"
 
@@ -46,6 +54,33 @@ class ValidationTest : public ControllerTest {
     std::vector<std::pair<String, Long>> details;
     for (const StatusLine& line : run.status) details.emplace_back(line.detail, line.percent);
     return details;
+  }
+
+  // Reads the sample and spoils the envelope once, two of the employer's references and four employees.
+  static void ValidateSpoiledSample(clsRTIController& rti) {
+    ReadSample(rti);
+    rti.GovTalkMessage()->GTMEnvelopeVersion("");
+    const Ref<clsSectionFPS> fps = rti.Submission()->FPS();
+    fps->Employer_References()->AORef("none");
+    fps->Employer_References()->OfficeNo("none");
+    for (Long i = 1; i <= 4; ++i) fps->Employees()->Item(i)->EmployeeDetails()->NINO("AA104217E");
+    EXPECT_FALSE(rti.Validate());
+  }
+
+  // Leaves an error of the schema and one of the payments behind. They stand until their stages run again.
+  static void ValidateBadSchemaAndPayment(clsRTIController& rti) {
+    rti.ReadXML(Sample());
+    EXPECT_FALSE(rti.Validate());  // for want of a mark
+    rti.ReadXML(ReadFile(ZELNOR_SOURCE_DIR "/samples/EPS-25-26.xml"));
+    rti.Submission()->EPS()->PaymentForPeriod()->TaxMonth("13");
+    EXPECT_FALSE(rti.Validate());
+  }
+
+  // The names of the fields that failed.
+  static std::vector<String> Fields(const CollectionRef<ErrorRecord>& errors) {
+    std::vector<String> fields;
+    for (const Ref<ErrorRecord>& error : *errors) fields.push_back(error->FieldName());
+    return fields;
   }
 };
 
@@ -156,6 +191,54 @@ TEST_F(ValidationTest, CopiesTheEnvelopeIntoTheLog) {
   const XmlNode submission = rti.ProcessingLog()->Submission();
   EXPECT_EQ(submission.SelectNodes("*").size(), 1U);
   EXPECT_EQ(submission.FirstChild().NodeName(), "GovTalkMessage");
+}
+
+TEST_F(ValidationTest, CountsErrorsOfTheStagesBelowTheGivenSum) {
+  clsRTIController rti;
+  ValidateSpoiledSample(rti);
+  constexpr Long kFile = 1;
+  constexpr Long kCompany = 2;
+  constexpr Long kEmployee = 4;
+  const std::pair<Long, Long> counts[] = {{-1, kFile + kCompany + kEmployee},
+                                          {0, 0},
+                                          {1, 0},
+                                          {2, kEmployee},
+                                          {3, kCompany},
+                                          {4, kCompany + kEmployee},
+                                          {5, kFile},
+                                          {6, kFile + kEmployee},
+                                          {7, kFile + kCompany},
+                                          {8, kFile + kCompany + kEmployee},
+                                          {9, 0},
+                                          {16, kFile + kCompany + kEmployee},
+                                          {17, 0}};
+  for (const auto& [types, count] : counts) EXPECT_EQ(rti.ErrorCount(types), count) << types;
+  EXPECT_THAT(host_->messages, testing::IsEmpty());
+}
+
+TEST_F(ValidationTest, CollectsTheErrorsOfTheFileBeforeTheCompanys) {
+  clsRTIController rti;
+  ValidateSpoiledSample(rti);
+  EXPECT_THAT(Fields(rti.ErrorCollection(1)),
+              ElementsAre("NI Number", "NI Number", "NI Number", "NI Number"));
+  EXPECT_THAT(Fields(rti.ErrorCollection(2)), ElementsAre("HMRCOfficeNumber", "AORef"));
+  EXPECT_THAT(Fields(rti.ErrorCollection(4)), ElementsAre("Envelope Version"));
+  EXPECT_THAT(Fields(rti.ErrorCollection(6)), ElementsAre("Envelope Version", "HMRCOfficeNumber", "AORef"));
+}
+
+TEST_F(ValidationTest, KeepsTheErrorsOfEveryStageUntilItRunsAgain) {
+  clsRTIController rti;
+  ValidateBadSchemaAndPayment(rti);
+  ValidateSpoiledSample(rti);
+  std::vector<String> types;
+  for (const XmlNode& type : rti.Errors().SelectNodes("Errors/Error/ErrorType")) types.push_back(type.Text());
+  EXPECT_THAT(types, ElementsAre("File", "Company", "Company", "Employee", "Employee", "Employee", "Employee",
+                                 "Payment For Period", "Schema"));
+  EXPECT_THAT(Fields(rti.ErrorCollection(30)),
+              ElementsAre("Tax Month", "Schema", "Envelope Version", "HMRCOfficeNumber", "AORef"));
+  EXPECT_EQ(rti.ErrorCount(-1), 9);
+  EXPECT_EQ(rti.ErrorCount(16), 8);
+  EXPECT_EQ(rti.ErrorCount(17), 1);
 }
 
 TEST_F(ValidationTest, EndsWithAReportWhenTheLogIsGone) {
