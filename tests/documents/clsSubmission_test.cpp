@@ -468,6 +468,7 @@ TEST_F(Submission, WritesTheHeaderBeforeTheSection) {
   PutSchema(KindOf(IsNVR), "urn:nvr");
   submission_.SetSubmissionType(IsNVR);
   const XmlNode parent = Root("<Body xmlns='urn:envelope'/>");
+  parent.OwnerDocument().PreserveWhiteSpace(true);
   const XmlNode written = submission_.ToXML(parent);
   EXPECT_EQ(written, parent.FirstChild());
   EXPECT_EQ(written.NodeName(), "IRenvelope");

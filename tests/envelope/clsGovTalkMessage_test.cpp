@@ -343,6 +343,14 @@ TEST_F(GovTalkMessage, HandsTheFirstChildOfItsBodyToTheDocument) {
   EXPECT_EQ(message.SubmissionDocument()->PLD().BaseName(), "SuccessResponse");
 }
 
+TEST_F(GovTalkMessage, MakesADocumentForEachBody) {
+  clsGovTalkMessage message;
+  EXPECT_TRUE(ReadInto(message,
+                       "<GovTalkMessage><Body><IRenvelope><IRheader><PeriodEnd>2026-04-05</PeriodEnd>"
+                       "</IRheader></IRenvelope></Body><Body><IRenvelope/></Body></GovTalkMessage>"));
+  EXPECT_TRUE(message.SubmissionDocument()->Header()->PeriodEndDate().IsZero());
+}
+
 TEST_F(GovTalkMessage, AnEmptyBodyIsThatOfAPoll) {
   clsGovTalkMessage message;
   EXPECT_TRUE(ReadInto(message, Around("")));
