@@ -1,16 +1,22 @@
 #include "zelnor/cli/command.h"
 
+#include "zelnor/cli/interrupt.h"
 #include "zelnor/common/alsAppSettings.h"
+#include "zelnor/controller/clsRTIController.h"
 #include "zelnor/documents/clsCompressedEmployees.h"
 #include "zelnor/documents/clsSectionEAS.h"
 #include "zelnor/documents/clsSectionEYU.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSubmission.h"
 #include "zelnor/platform/files.h"
+#include "zelnor/platform/host.h"
 #include "zelnor/platform/text.h"
+#include "zelnor/validation/clsException.h"
+#include "zelnor/validation/vlsSchemaValidator.h"
 
 #include <cstdio>
 #include <filesystem>
+#include <unistd.h>
 
 namespace zelnor::cli {
 namespace {
@@ -27,6 +33,54 @@ String ShownName(const String& path) { return path == "-" ? "standard input" : p
   if (!error.srcText.empty() && error.line > 0) message += "\n  at: " + String(TrimXmlSpace(error.srcText));
   message += "\nGive a file that holds one GovTalk message as well-formed XML.";
   throw CommandError(kUnreadableInput, message);
+}
+
+// Keeps the first messages and tells nobody.
+class Complaints : public DefaultHost {
+ public:
+  Long MessageBox(const String& text, Long style, const String& title) override {
+    if (++count_ == 1) Keep({text, style, title});
+    return 1;
+  }
+  Long Count() const { return count_; }
+
+ private:
+  Long count_ = 0;
+};
+
+// Without its compressed employees a submission would pass for one of no employees.
+void RequireEmployees(clsSubmission& submission, const String& path) {
+  Ref<EmployeeSection> section = submission.FPS();
+  if (!section) section = submission.EYU();
+  if (!section) section = submission.EAS();
+  const Ref<clsCompressedEmployees> part = section ? section->CompressedPart() : nullptr;
+  if (!part) return;
+  String failure = part->Failure();
+  if (failure.empty() && part->EmployeeCount() == 0) failure = "they hold no Employee";
+  if (failure.empty()) return;
+  throw CommandError(kUnreadableInput,
+                     ShownName(path) + ": the compressed employees can't be read (" + failure +
+                         ").\nGive the document as it was saved, or one with plain employees.");
+}
+
+// What the schema says of a document, in one sentence with its place; empty where it says nothing.
+String SchemasComplaint(const String& document_class, const XmlDocument& document) {
+  const std::shared_ptr<Host> host = CurrentHost();
+  SetHost(std::make_shared<Complaints>());
+  vlsSchemaValidator schema;
+  schema.ValidateSchema(document_class, document);
+  SetHost(host);
+  if (!schema.HasErrors()) return {};
+  return "The schema says: " +
+         Replace(String(TrimXmlSpace(schema.Exception()->Description())), "\n: ", "\n  at ");
+}
+
+// What would else come up again with each setting and each line of the log.
+void RequireWritableHome() {
+  const String home = SystemPath(ProgramFolder());
+  if (!std::filesystem::exists(home) || access(home.c_str(), W_OK) == 0) return;
+  throw CommandError(kUnknownError, "The program's folder " + home +
+                                        " can't be written to. Name another by --home or in ZELNOR_HOME.");
 }
 
 }  // namespace
@@ -74,6 +128,15 @@ void Tell(const String& message) { std::fprintf(stderr, "zelnor: %s\n", message.
 void PrepareHome(const CommonOptions& options) {
   if (!options.home.empty()) SetProgramFolder(AbsolutePath(options.home));
   FurnishProgramFolder();
+  RequireWritableHome();
+}
+
+void RequireSchemas() {
+  const String folder = SystemPath(ProgramFolder() + "/xsd");
+  if (std::filesystem::is_directory(folder)) return;
+  throw CommandError(kUnknownError, "The folder of the schemas, " + folder +
+                                        ", isn't there. Name another folder by --home: one that is new or "
+                                        "empty gets all that the program needs.");
 }
 
 String AbsolutePath(const String& path) {
@@ -83,6 +146,7 @@ String AbsolutePath(const String& path) {
 
 XmlDocument ReadMessage(const String& path) {
   XmlDocument document;
+  const SignalsEndAtOnce nothing_is_lost;
   if (!document.Load(path == "-" ? "/dev/stdin" : AbsolutePath(path))) Refuse(path, document.ParseError());
   const XmlNode root = document.DocumentElement();
   const String ns = root.NamespaceURI();
@@ -97,15 +161,26 @@ XmlDocument ReadMessage(const String& path) {
   return document;
 }
 
-void RequireEmployees(clsSubmission& submission) {
-  Ref<EmployeeSection> section = submission.FPS();
-  if (!section) section = submission.EYU();
-  if (!section) section = submission.EAS();
-  const Ref<clsCompressedEmployees> part = section ? section->CompressedPart() : nullptr;
-  if (!part || part->Failure().empty()) return;
-  throw CommandError(kUnreadableInput,
-                     "The compressed employees can't be read (" + part->Failure() +
-                         ").\nGive the document as it was saved, or one with plain employees.");
+void RefuseToOverwrite(const String& out, const String& file) {
+  std::error_code none;
+  if (out.empty() || file == "-" || !std::filesystem::equivalent(SystemPath(out), file, none)) return;
+  throw CommandError(kWrongUsage, out + " is the document itself, which would be lost. Name another file.");
+}
+
+String ReadInto(clsRTIController& controller, const String& path, const XmlDocument& document) {
+  const std::shared_ptr<Host> host = CurrentHost();
+  const auto complaints = std::make_shared<Complaints>();
+  SetHost(complaints);
+  controller.ReadXMLDoc(document);
+  SetHost(host);
+  clsSubmission& submission = *controller.Submission();
+  RequireEmployees(submission, path);
+  if (complaints->Count() == 0) return {};
+  String message = ShownName(path) + ": " + std::to_string(complaints->Count()) +
+                   (complaints->Count() == 1 ? " record" : " records") +
+                   " can't be read to the end. The first: " + complaints->Messages().front().text;
+  const String place = SchemasComplaint(submission.Class(), document);
+  return place.empty() ? message : message + "\n" + place;
 }
 
 void Print(const CommonOptions& options, const Json& json, const String& text) {

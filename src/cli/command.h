@@ -12,7 +12,7 @@
 #include <nlohmann/json.hpp>
 
 namespace zelnor {
-class clsSubmission;
+class clsRTIController;
 }
 
 namespace zelnor::cli {
@@ -57,8 +57,12 @@ String NameOf(SUBMISSION_RESULT result);
 /// Tells the person something, on standard error.
 void Tell(const String& message);
 
-/// Chooses the program's folder and furnishes it when it is missing or empty.
+/// Chooses the program's folder and furnishes it when it is missing or empty. Raises CommandError for one
+/// that can't be written to.
 void PrepareHome(const CommonOptions& options);
+
+/// Raises CommandError when the program's folder has no schemas.
+void RequireSchemas();
 
 /// The path made absolute; a trailing separator stays. "-" stays as it is.
 String AbsolutePath(const String& path);
@@ -67,9 +71,14 @@ String AbsolutePath(const String& path);
 /// (kUnreadableInput) that names file, line and remedy for anything else.
 XmlDocument ReadMessage(const String& path);
 
-/// Raises CommandError (kUnreadableInput) when the submission was read from compressed employees that can't
-/// be read: without them it would pass for one of no employees.
-void RequireEmployees(clsSubmission& submission);
+/// Raises CommandError (kWrongUsage) when `out` is the document `file` itself: what a person wrote isn't to
+/// be lost for what the writer makes of it.
+void RefuseToOverwrite(const String& out, const String& file);
+
+/// Has the controller read the message of a file. Returns what couldn't be read, such as an amount that is no
+/// number, and where; empty where all was read. Raises CommandError (kUnreadableInput) for compressed
+/// employees that can't be read: what is left would pass for a submission of no employees.
+String ReadInto(clsRTIController& controller, const String& path, const XmlDocument& document);
 
 /// Writes the JSON object, or the lines for people, to standard output.
 void Print(const CommonOptions& options, const Json& json, const String& text);

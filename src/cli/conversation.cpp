@@ -96,15 +96,10 @@ Json ErrorOf(const clsGTMGovTalkError& error) {
           {"location", error.Location()},  {"employee", employee > 0 ? Json(employee) : Json(nullptr)}};
 }
 
-}  // namespace
-
-String PasswordOf(const GatewayOptions& options) {
-  if (options.user.empty()) {
-    if (!options.password_file.empty())
-      throw CommandError(kWrongUsage, "--password-file: it needs a --user.");
-    return {};
-  }
+// The password as it was given; perhaps an empty text.
+String GivenPassword(const GatewayOptions& options) {
   if (options.password_file == "-") {
+    const SignalsEndAtOnce nothing_is_lost;
     std::string line;
     if (!std::getline(std::cin, line)) {
       throw CommandError(kWrongUsage,
@@ -122,6 +117,19 @@ String PasswordOf(const GatewayOptions& options) {
   }
   if (const char* password = std::getenv("ZELNOR_PASSWORD")) return password;
   return AskForPassword();
+}
+
+}  // namespace
+
+String PasswordOf(const GatewayOptions& options) {
+  if (options.user.empty()) {
+    if (!options.password_file.empty())
+      throw CommandError(kWrongUsage, "--password-file: it needs a --user.");
+    return {};
+  }
+  String password = GivenPassword(options);
+  if (password.empty()) throw CommandError(kWrongUsage, "The password for --user is empty.");
+  return password;
 }
 
 GatewayInUse::GatewayInUse(const GatewayOptions& options) : mode_(ModeOf(options.mode)) {
@@ -183,7 +191,7 @@ void ConversationHost::Yield() {
 
 ConnectionState ConversationHost::Connection() {
   if (loopback_) return {true, kConnectionLan | kConnectionConfigured};
-  return TerminalHost::Connection();
+  return ProgramHost::Connection();
 }
 
 Account::Account(clsRTIController& controller)
@@ -286,13 +294,19 @@ void Account::AddCopy(const String& path) {
   if (!path.empty() && PlainFileExists(path)) copies_.push_back(SystemPath(path));
 }
 
-void LoadDocument(clsRTIController& controller, XmlDocument document) {
-  controller.ReadXMLDoc(document);
+String LoadDocument(clsRTIController& controller, const String& path, XmlDocument document) {
+  String unread = ReadInto(controller, path, document);
   document = nullptr;  // what was read is in the records
-  RequireEmployees(*controller.Submission());
   // The body is written anew, so an old mark goes; reading the property makes the record that the header's
   // writer needs.
   controller.Submission()->Header()->DocIRMark()->value("");
+  return unread;
+}
+
+void LoadWholeDocument(clsRTIController& controller, const String& path, XmlDocument document) {
+  const String unread = LoadDocument(controller, path, std::move(document));
+  if (unread.empty()) return;
+  throw CommandError(kUnreadableInput, unread + "\nCorrect the document; nothing was done with it.");
 }
 
 void ChooseForm(clsRTIController& controller, bool compress, bool plain) {

@@ -5,9 +5,9 @@
 /// terminal, and the account of what happened.
 
 #include "zelnor/cli/command.h"
+#include "zelnor/cli/program_host.h"
 #include "zelnor/cli/progress_line.h"
 #include "zelnor/controller/clsRTIController.h"
-#include "zelnor/platform/terminal_host.h"
 #include "zelnor/standin/local_gateway.h"
 
 #include <map>
@@ -59,8 +59,12 @@ class GatewayInUse {
   std::unique_ptr<standin::LocalGateway> local_;
 };
 
+/// What a person who interrupts a conversation is told at once.
+inline constexpr const char* kCancelling =
+    "\nzelnor: Cancelling, behind the answer that is being waited for. Once more ends the program at once.\n";
+
 /// The host of a conversation: a loopback target counts as connected, an interrupt cancels.
-class ConversationHost : public TerminalHost {
+class ConversationHost : public ProgramHost {
  public:
   ConversationHost(clsRTIController& controller, bool loopback)
       : controller_(controller), loopback_(loopback) {}
@@ -121,9 +125,13 @@ class Account {
   ProgressLine progress_;
 };
 
-/// Loads a document for sending or saving: an old mark goes, since the body is written anew. Raises
-/// CommandError as RequireEmployees does.
-void LoadDocument(clsRTIController& controller, XmlDocument document);
+/// Loads the message of a file for sending or saving: an old mark goes, since the body is written anew.
+/// Returns and raises what ReadInto does.
+String LoadDocument(clsRTIController& controller, const String& path, XmlDocument document);
+
+/// LoadDocument for a command that has no use for a part of a document: raises CommandError
+/// (kUnreadableInput) when anything couldn't be read.
+void LoadWholeDocument(clsRTIController& controller, const String& path, XmlDocument document);
 
 /// Has the document's employees go compressed or plain; where neither is asked for, in the form in which they
 /// were read, and compressed from the document's limit on.

@@ -1,20 +1,48 @@
 #include "zelnor/cli/interrupt.h"
 
 #include <csignal>
+#include <cstring>
 #include <initializer_list>
+#include <unistd.h>
 
 namespace zelnor::cli {
 namespace {
 
-volatile std::sig_atomic_t caught_signal = 0;
+constexpr std::initializer_list<int> kSignals = {SIGINT, SIGTERM, SIGHUP};
 
-void Remember(int signal) { caught_signal = signal; }
+volatile std::sig_atomic_t caught_signal = 0;
+const char* volatile notice = nullptr;
+
+void Handle(int signal, void (*handler)(int)) {
+  struct sigaction action = {};
+  action.sa_handler = handler;
+  sigemptyset(&action.sa_mask);
+  sigaction(signal, &action, nullptr);
+}
+
+// From the first signal on a further one ends the program at once.
+void Remember(int signal) {
+  caught_signal = signal;
+  for (const int each : kSignals) Handle(each, SIG_DFL);
+  const char* text = notice;
+  if (text != nullptr && write(STDERR_FILENO, text, std::strlen(text)) < 0) notice = nullptr;
+}
 
 }  // namespace
 
 void RememberSignals() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, Remember);
+  for (const int signal : kSignals) Handle(signal, Remember);
 }
+
+SignalsEndAtOnce::SignalsEndAtOnce() {
+  for (const int signal : kSignals) Handle(signal, SIG_DFL);
+}
+
+SignalsEndAtOnce::~SignalsEndAtOnce() {
+  if (caught_signal == 0) RememberSignals();
+}
+
+void NoticeOfInterrupt(const char* text) { notice = text; }
 
 int CaughtSignal() { return caught_signal; }
 
@@ -22,7 +50,7 @@ void ObeySignal() { caught_signal = 0; }
 
 void EndBySignal() {
   if (caught_signal == 0) return;
-  std::signal(caught_signal, SIG_DFL);
+  Handle(caught_signal, SIG_DFL);
   std::raise(caught_signal);
 }
 

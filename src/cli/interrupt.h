@@ -1,13 +1,24 @@
 #pragma once
 
 /// @file
-/// Signals that ask the program to stop. A command ends in good order first, so that the settings that it
-/// changed are put back.
+/// Signals that ask the program to stop. A command ends in good order first; a second signal ends it at once.
 
 namespace zelnor::cli {
 
-/// Has SIGINT, SIGTERM and SIGHUP remembered.
+/// Has the first SIGINT, SIGTERM or SIGHUP remembered.
 void RememberSignals();
+
+/// While it lives a signal ends the program at once, as while it waits for input and has done nothing yet.
+class SignalsEndAtOnce {
+ public:
+  SignalsEndAtOnce();
+  ~SignalsEndAtOnce();
+  SignalsEndAtOnce(const SignalsEndAtOnce&) = delete;
+  SignalsEndAtOnce& operator=(const SignalsEndAtOnce&) = delete;
+};
+
+/// What the first signal writes to standard error, where the end may take a while; nothing for nullptr.
+void NoticeOfInterrupt(const char* text);
 
 /// The signal that was caught, 0 for none.
 int CaughtSignal();

@@ -1,8 +1,8 @@
 #include "zelnor/cli/conversation.h"
 #include "zelnor/cli/interrupt.h"
+#include "zelnor/cli/program_host.h"
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/host.h"
-#include "zelnor/platform/terminal_host.h"
 
 #include <csignal>
 #include <cstdio>
@@ -251,7 +251,7 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the limit is an error to report
   zelnor::cli::RememberSignals();
-  if (zelnor::TerminalHost::IsOnTerminal()) zelnor::SetHost(std::make_shared<zelnor::TerminalHost>());
+  zelnor::SetHost(std::make_shared<zelnor::cli::ProgramHost>());
   // Whole documents come and go: the memory of one serves the next, and isn't handed back in between.
   constexpr int kKeptMemory = 1 << 30;
   mallopt(M_TRIM_THRESHOLD, kKeptMemory);

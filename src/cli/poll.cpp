@@ -28,6 +28,7 @@ int RunPoll(const CommonOptions& options, const PollOptions& poll) {
   if (poll.gateway.no_connection_test) rti.DoInternetConnectionTest(false);
   const auto host = std::make_shared<ConversationHost>(rti, gateway.IsLoopback());
   SetHost(host);
+  NoticeOfInterrupt(kCancelling);
   Account account(rti);
   // PollSubmission asks again at once while the answer is provisional; a gateway wants to be left in peace.
   rti.events.ControllerStatus.connect([&](const String&, const String&, Long) {

@@ -13,8 +13,11 @@
 namespace zelnor::cli {
 namespace {
 
-String OutOf(const String& out) {
+String OutOf(const String& out, const String& file) {
+  if (out == "-")
+    throw CommandError(kWrongUsage, "A document is saved to a file, not to standard output. Name one.");
   String path = AbsolutePath(out);
+  RefuseToOverwrite(path, file);
   if (!EndsInSeparator(path) && std::filesystem::is_directory(SystemPath(path))) {
     throw CommandError(
         kWrongUsage, path + " is a folder. Name a file, or end the path in \"/\" to save into that folder.");
@@ -26,15 +29,19 @@ String OutOf(const String& out) {
 
 int RunSave(const CommonOptions& options, const SaveOptions& save) {
   const Date today = TodayOf(save.today);
-  const String out = OutOf(save.out);
+  const String out = OutOf(save.out, save.file);
   PrepareHome(options);
   clsRTIController rti;
   const KeptSetting validation_required("ValidationRequired");
   if (save.no_validation) rti.ValidationRequired(false);
   if (!save.today.empty()) rti.SystemDate(today);
-  LoadDocument(rti, ReadMessage(save.file));
+  const String unread = LoadDocument(rti, save.file, ReadMessage(save.file));
   ChooseForm(rti, save.compress, save.plain);
-  const SUBMISSION_RESULT result = rti.SaveSubmission(out);
+  SUBMISSION_RESULT result = rti.SaveSubmission(out);
+  if (!unread.empty()) {
+    Tell(unread + "\nThe saved document lacks it: correct the document and save it again.");
+    if (result == SUBMISSION_RESULT::Successful) result = SUBMISSION_RESULT::FailedValidation;
+  }
   const bool saved = rti.SubmissionSaved();
   const String mark = saved ? rti.Submission()->Header()->DocIRMark()->value() : String();
   const String path = saved ? SystemPath(rti.SubmissionFilePath()) : String();

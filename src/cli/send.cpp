@@ -18,7 +18,14 @@ String NextStep(SUBMISSION_RESULT result, clsRTIController& controller) {
 
 int RunSend(const CommonOptions& options, const SendOptions& send) {
   const Date today = TodayOf(send.today);
+  const String copy = AbsolutePath(send.save_copy);
+  const String another_copy = AbsolutePath(send.save_another_copy);
+  for (const String& path : {copy, another_copy}) RefuseToOverwrite(path, send.file);
+  if (send.file == "-" && send.gateway.password_file == "-") {
+    throw CommandError(kWrongUsage, "Standard input can't be both the document and the password.");
+  }
   PrepareHome(options);
+  RequireSchemas();
   const String password = PasswordOf(send.gateway);
   XmlDocument document = ReadMessage(send.file);
   const GatewayInUse gateway(send.gateway);
@@ -28,7 +35,7 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   clsRTIController rti;
   if (send.no_validation) rti.ValidationRequired(false);
   if (send.gateway.no_connection_test) rti.DoInternetConnectionTest(false);
-  LoadDocument(rti, std::move(document));
+  LoadWholeDocument(rti, send.file, std::move(document));
   if (!send.today.empty()) rti.SystemDate(today);
   rti.SubmissionMode(gateway.Mode());
   ChooseForm(rti, send.compress, send.plain);
@@ -39,9 +46,8 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   }
   const auto host = std::make_shared<ConversationHost>(rti, gateway.IsLoopback());
   SetHost(host);
+  NoticeOfInterrupt(kCancelling);
   Account account(rti);
-  const String copy = AbsolutePath(send.save_copy);
-  const String another_copy = AbsolutePath(send.save_another_copy);
   const SUBMISSION_RESULT result = rti.SendSubmission(send.gateway.user, password, copy, another_copy);
   account.EndProgress();
   account.AddCopy(copy);

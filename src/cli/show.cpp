@@ -98,9 +98,9 @@ int RunShow(const CommonOptions& options, const String& file) {
   PrepareHome(options);
   clsRTIController rti;
   rti.LogThisSession(false);
-  rti.ReadXMLDoc(ReadMessage(file));
+  const String unread = ReadInto(rti, file, ReadMessage(file));
+  if (!unread.empty()) Tell(unread + "\nThe figures are those of the rest.");
   const Ref<clsSubmission> submission = rti.Submission();
-  RequireEmployees(*submission);
   const Facts facts = FactsOf(*submission);
   const Ref<clsSectionIRHeader> header = submission->Header();
   Json json;

@@ -1,4 +1,5 @@
 #include "zelnor/cli/conversation.h"
+#include "zelnor/cli/interrupt.h"
 #include "zelnor/common/clsLog.h"
 #include "zelnor/documents/clsEmployee.h"
 #include "zelnor/documents/clsSubmission.h"
@@ -82,6 +83,7 @@ Json ErrorJson(const char* family, const ErrorRecord& error) {
 // What a run found.
 struct Findings {
   bool valid = false;
+  bool cancelled = false;
   String type;
   Stages stages = AllStages();
   Long checked = 0;
@@ -100,6 +102,7 @@ Json AsJson(const Findings& found) {
                       {"milliseconds", stage.milliseconds}});
   }
   return {{"valid", found.valid},
+          {"cancelled", found.cancelled},
           {"type", found.type},
           {"stages", stages},
           {"employees", {{"checked", found.checked}, {"valid", found.passed}, {"invalid", found.failed}}},
@@ -142,7 +145,7 @@ String AsText(const Findings& found) {
     text += "    " + TextOf(error["code"]) + "  " + TextOf(error["description"]) +
             (severity == "Critical" ? String() : " (" + severity + ")") + "\n";
   });
-  String summary = found.valid ? "Valid" : "Not valid";
+  String summary = found.cancelled ? "Cancelled before all was checked" : found.valid ? "Valid" : "Not valid";
   summary += ": " + found.type + ", " + ToText(count) + (count == 1 ? " error" : " errors");
   if (found.checked > 0) {
     summary += ", " + ToText(found.passed) + " of " + ToText(found.checked) + " employees without any";
@@ -239,6 +242,20 @@ void GatherErrors(clsRTIController& rti, Findings& found) {
   }
 }
 
+// A check that breaks off leaves no record: the stage that ran last gets one, with what was shown meanwhile.
+void TellOfBreak(Findings& found, const std::deque<ShownMessage>& messages) {
+  const auto last =
+      std::find_if(found.stages.rbegin(), found.stages.rend(), [](const Stage& stage) { return stage.ran; });
+  if (last == found.stages.rend()) return;
+  String shown;
+  for (const ShownMessage& message : messages) shown += (shown.empty() ? "" : "\n") + message.text;
+  if (shown.empty()) shown = "The check ended early; the log tells more.";
+  clsException error;
+  error.Create("", "", "The check broke off", shown, "", "", 3);
+  last->passed = false;
+  found.errors.push_back(ErrorJson(last->family, error));
+}
+
 // `Validate` leaves the schema out when the envelope was; asked for by name, it is checked all the same.
 void RunSchemaStage(clsRTIController& rti, Findings& found) {
   Stage& stage = found.stages.back();
@@ -256,6 +273,9 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   const std::set<String> chosen = ChosenStages(validate.stages);
   const Date today = TodayOf(validate.today);
   const String format = !validate.format.empty() ? validate.format : options.json ? "json" : "text";
+  if (options.json && format != "json") {
+    throw CommandError(kWrongUsage, "--format " + format + " contradicts --json: leave one of them out.");
+  }
   PrepareHome(options);
   XmlDocument document = ReadMessage(validate.file);
   std::vector<std::unique_ptr<KeptSetting>> kept;
@@ -272,7 +292,7 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   rti.DoSchemaValidation(chosen.contains("schema"));
   rti.MaxErrors(static_cast<Integer>(validate.max_errors));
   if (!validate.today.empty()) rti.SystemDate(today);
-  LoadDocument(rti, std::move(document));
+  LoadWholeDocument(rti, validate.file, std::move(document));
   ChooseForm(rti, validate.compress, validate.plain);
 
   Findings found;
@@ -284,15 +304,17 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   FollowEmployees(rti, line);
   const bool valid = rti.Validate();
   line.End();
-  SetHost(nullptr);
   GatherErrors(rti, found);
-  if (!chosen.contains("envelope")) {
-    if (chosen.contains("schema") && !found.stages.back().ran) RunSchemaStage(rti, found);
-    found.valid = std::all_of(found.stages.begin(), found.stages.end(),
-                              [](const Stage& stage) { return !stage.ran || stage.passed; });
-  } else {
-    found.valid = valid;
-  }
+  found.cancelled = host->Interrupted();
+  const bool has_envelope = chosen.contains("envelope");  // without it, `Validate` gives False
+  if (!has_envelope && !found.cancelled && chosen.contains("schema") && !found.stages.back().ran)
+    RunSchemaStage(rti, found);
+  const bool broke_off = has_envelope ? !valid : !host->Messages().empty();
+  if (broke_off && found.errors.empty() && !found.cancelled) TellOfBreak(found, host->Messages());
+  SetHost(nullptr);
+  found.valid =
+      !found.cancelled && std::all_of(found.stages.begin(), found.stages.end(),
+                                      [](const Stage& stage) { return !stage.ran || stage.passed; });
   found.checked = rti.EmployeeValidator()->EmployeesChecked();
   found.passed = rti.EmployeeValidator()->ValidEmployees();
   found.failed = rti.EmployeeValidator()->InvalidEmployees();
@@ -303,6 +325,10 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
     Print(as_json, AsJson(found), {});
   } else {
     Print({}, {}, format == "csv" ? AsCsv(found) : format == "junit" ? AsJunit(found) : AsText(found));
+  }
+  if (found.cancelled) {
+    ObeySignal();
+    return kCancelledSend;
   }
   return found.valid ? kSuccessful : kFailedValidation;
 }

@@ -1,9 +1,12 @@
 // The program as a user runs it: its standard output and error, its exit status, and what it leaves on the
 // disk.
 
+#include "zelnor/envelope/clsDZEncoder.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/xml.h"
 
+#include <algorithm>
+#include <chrono>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -148,7 +151,7 @@ TEST_F(CliTest, RefusesCompressedEmployeesThatCanNotBeRead) {
        {"show " + file, "save --plain " + file + " " + Quoted(folder_.At("out.xml"))}) {
     const Outcome run = Run(command);
     EXPECT_EQ(run.status, 3) << command;
-    EXPECT_THAT(run.err, HasSubstr("The compressed employees can't be read (Error occurred UnZipping Data)"));
+    EXPECT_THAT(run.err, HasSubstr("the compressed employees can't be read (Error occurred UnZipping Data)"));
     EXPECT_EQ(run.out, "");
   }
   EXPECT_EQ(folder_.Get("out.xml"), "");
@@ -292,14 +295,67 @@ TEST_F(CliTest, TwoThousandLevelsAreRead) {
   EXPECT_EQ(run.status, 0) << run.err.substr(0, 500);
 }
 
-TEST_F(CliTest, AnAmountThatIsNoneIsToldAndTheRestIsThere) {
-  String text = ReadFile(SamplePath());
-  const std::size_t at = text.find("<TaxablePay>") + 12;
-  text.replace(at, text.find('<', at) - at, "lots");
-  const Outcome run = Run("show --json " + Input(text));
+class BadAmount : public CliTest {
+ protected:
+  String Document() const {
+    String text = ReadFile(SamplePath());
+    const std::size_t at = text.find("<TaxablePay>") + 12;
+    text.replace(at, text.find('<', at) - at, "lots");
+    return Input(text);
+  }
+  static void ExpectToldOnce(const String& err) {
+    EXPECT_THAT(err,
+                HasSubstr("in.xml: 1 record can't be read to the end. The first: Error in "
+                          "ZELNOR.dll::clsFiguresToDate: Function CreateFromXML: Error 13 - Type mismatch"));
+    EXPECT_THAT(err, HasSubstr("'lots' is not a valid value"));
+    EXPECT_THAT(err, HasSubstr("/Employee[1]/Employment/FiguresToDate/TaxablePay"));
+    EXPECT_EQ(err.find("Type mismatch"), err.rfind("Type mismatch"));
+  }
+};
+
+TEST_F(BadAmount, IsToldAndTheRestIsShown) {
+  const Outcome run = Run("show --json " + Document());
   EXPECT_EQ(run.status, 0);
-  EXPECT_THAT(run.err, HasSubstr("Error 13 - Type mismatch"));
+  ExpectToldOnce(run.err);
   EXPECT_GT(json::parse(run.out)["employees"].get<int>(), 5);
+}
+
+TEST_F(BadAmount, IsNeverSentNorCalledValid) {
+  for (const String command : {"validate ", "validate --stages company ", "send ", "send --no-validation "}) {
+    const Outcome run = Run(command + Document());
+    EXPECT_EQ(run.status, 3) << command;
+    ExpectToldOnce(run.err);
+    EXPECT_EQ(run.out, "");
+  }
+}
+
+TEST_F(BadAmount, SavedDocumentsWithoutItAreNoSuccess) {
+  for (const String option : {"--today 2025-10-07 ", "--no-validation "}) {
+    const Outcome run = Run("save --json " + option + Document() + " " + Quoted(folder_.At("out.xml")));
+    EXPECT_EQ(run.status, 11);
+    ExpectToldOnce(run.err);
+    EXPECT_EQ(json::parse(run.out)["result"], "FailedValidation");
+    EXPECT_THAT(folder_.Get("out.xml"), HasSubstr("</GovTalkMessage>"));
+  }
+}
+
+TEST_F(CliTest, CompressedEmployeesThatAreNoneAreRefused) {
+  const String packed = folder_.At("packed.xml");
+  Run("save --compress " + Quoted(SamplePath()) + " " + Quoted(packed));
+  const String text = folder_.Get("packed.xml");
+  const std::size_t from = text.find("<CompressedPart Type=\"zip\">") + 27;
+  const std::size_t to = text.find("</CompressedPart>");
+  ASSERT_LT(from, to);
+  const String archive = clsDZEncoder().CompressAndEncodeData("not xml at all");
+  for (const String& content : {String(), archive}) {
+    const String file = Input(text.substr(0, from) + content + text.substr(to));
+    for (const String command : {"show ", "validate ", "send "}) {
+      const Outcome run = Run(command + file);
+      EXPECT_EQ(run.status, 3) << command;
+      EXPECT_THAT(run.err,
+                  HasSubstr("in.xml: the compressed employees can't be read (they hold no Employee)"));
+    }
+  }
 }
 
 TEST_F(CliTest, AHomeWithoutSchemasWarnsOnceAndWritesNoNamespace) {
@@ -317,7 +373,59 @@ TEST_F(CliTest, ABrokenSettingsFileIsTold) {
   folder_.Put("home/rti.config", "<Config><Settings>");
   const Outcome run = Run("show " + Quoted(SamplePath()));
   EXPECT_THAT(run.err, HasSubstr("alsAppSettings"));
+  EXPECT_LE(std::count(run.err.begin(), run.err.end(), '\n'), 4) << run.err;
   EXPECT_EQ(folder_.Get("home/rti.config"), "<Config><Settings>");
+}
+
+TEST_F(CliTest, ADocumentIsNeverReplacedByWhatIsMadeOfIt) {
+  const String file = Input(ReadFile(SamplePath()));
+  const String before = folder_.Get("in.xml");
+  for (const String& command :
+       {"save " + file + " " + file, "send --save-copy " + file + " " + file,
+        "send --save-another-copy " + file + " --save-copy " + Quoted(folder_.At("c.xml")) + " " + file}) {
+    const Outcome run = Run(command);
+    EXPECT_EQ(run.status, 2) << command;
+    EXPECT_THAT(run.err, HasSubstr("in.xml is the document itself"));
+    EXPECT_EQ(folder_.Get("in.xml"), before);
+  }
+}
+
+TEST_F(CliTest, ContradictionsAreWrongUsage) {
+  const String sample = Quoted(SamplePath());
+  const std::pair<String, String> wrong[] = {
+      {"save " + sample + " -", "not to standard output"},
+      {"--json validate --format csv " + sample, "--format csv contradicts --json"},
+      {"send --user U --password-file - - <" + sample, "both the document and the password"},
+  };
+  for (const auto& [arguments, message] : wrong) {
+    const Outcome run = Run(arguments);
+    EXPECT_EQ(run.status, 2) << arguments;
+    EXPECT_THAT(run.err, HasSubstr(message));
+  }
+}
+
+TEST_F(CliTest, AnEmptyPasswordIsRefused) {
+  const String file = folder_.Put("password", "\n");
+  const Outcome run = Run("send --user U --password-file " + Quoted(file) + " " + Quoted(SamplePath()));
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("The password for --user is empty."));
+}
+
+TEST_F(CliTest, SendingWithoutSchemasSaysWhatToDo) {
+  folder_.Put("home/rti.config", "<Config><Settings/></Config>");
+  const Outcome run = Run("send " + Quoted(SamplePath()));
+  EXPECT_EQ(run.status, 15);
+  EXPECT_THAT(run.err, HasSubstr("home/xsd, isn't there. Name another folder by --home"));
+}
+
+TEST_F(CliTest, ASignalEndsAReadOfStandardInput) {
+  const String script = "mkfifo '" + folder_.At("pipe") + "'; sleep 9 >'" + folder_.At("pipe") + "' & '" +
+                        ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' show - <'" +
+                        folder_.At("pipe") +
+                        "' 2>/dev/null & sleep 0.5; kill -INT $!; wait $!; test $? = 130";
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(std::system(script.c_str()), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
 TEST_F(CliTest, AFullDiskLeavesTheOldFile) {

@@ -1,5 +1,6 @@
 // `zelnor validate` as a user runs it.
 
+#include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/platform/xml.h"
 
@@ -125,6 +126,48 @@ TEST_F(ValidateCliTest, ATerminalSeesABarThatGrowsWithTheEmployees) {
   EXPECT_THAT(terminal, HasSubstr("Employees [##....."));
   EXPECT_THAT(terminal, HasSubstr("] 100%, 11 checked, 0 with errors"));
   EXPECT_THAT(terminal, HasSubstr("Valid: FPS, 0 errors, 11 of 11 employees without any"));
+}
+
+TEST_F(ValidateCliTest, ACheckThatBreaksOffHasItsRecordInAllFormats) {
+  Run(String("validate") + kToday + Quoted(SamplePath()));
+  folder_.Put("home/xsd/FullPaymentSubmission-2026-v1-0.xsd", "no schema");
+  const Outcome run = Run(String("--json validate") + kToday + Quoted(SamplePath()));
+  EXPECT_EQ(run.status, 11);
+  const json told = json::parse(run.out);
+  EXPECT_EQ(told["valid"], false);
+  EXPECT_EQ(told["stages"][3]["ran"], false);
+  EXPECT_EQ(told["stages"][4]["passed"], false);
+  EXPECT_EQ(told["stages"][2]["passed"], true);
+  ASSERT_EQ(told["errors"].size(), 1U);
+  EXPECT_EQ(told["errors"][0]["family"], "FileSchema");
+  EXPECT_EQ(told["errors"][0]["title"], "The check broke off");
+  EXPECT_THAT(told["errors"][0]["description"].get<String>(), HasSubstr("Start tag expected"));
+  const Outcome junit = Run(String("validate --format junit") + kToday + Quoted(SamplePath()));
+  EXPECT_THAT(junit.out, HasSubstr("<testsuite name=\"schema\" tests=\"1\" failures=\"1\""));
+  const Outcome schema = Run(String("--json validate --stages schema") + kToday + Quoted(SamplePath()));
+  EXPECT_EQ(schema.status, 11);
+  EXPECT_EQ(json::parse(schema.out)["errors"].size(), 1U);
+}
+
+TEST_F(ValidateCliTest, AnInterruptedRunCallsNothingValid) {
+  String text = ReadFile(SamplePath());
+  const std::size_t from = text.find("<Employee>");
+  const std::size_t to = text.find("</Employee>", from) + 11;
+  ASSERT_LT(to, text.size());
+  const String employee = text.substr(from, to - from);
+  String employees;
+  for (int i = 0; i < 20000; ++i) employees += employee;
+  const String file = folder_.Put("many.xml", text.insert(from, employees));
+  // The log is first saved as the check begins.
+  const String script = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' --json validate --plain " +
+                        kToday + "'" + file + "' >'" + folder_.At("out.txt") + "' & until ls '" +
+                        folder_.At("home/xml/logs") +
+                        "'/*.xml >'/dev/null' 2>&1; do sleep 0.01; done; kill -INT $!; wait $!; exit $?";
+  const int status = std::system(script.c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 14);
+  const json told = json::parse(folder_.Get("out.txt"));
+  EXPECT_EQ(told["valid"], false);
+  EXPECT_EQ(told["cancelled"], true);
 }
 
 }  // namespace
