@@ -545,6 +545,31 @@ TEST_F(TransportTest, APollWhoseAnswerIsNoXmlIsFollowedByAnother) {
   EXPECT_EQ(sent_.size(), 4U);
 }
 
+TEST_F(TransportTest, APollThatBeginsWithAnAcceptanceClosesTheConversation) {
+  answers_ = {Deleted()};
+  clsSOAPInterface transport;
+  Follow(transport);
+  const auto acceptance = std::make_shared<clsGovTalkMessage>();
+  ASSERT_TRUE(acceptance->ParseFromXML(Acceptance()));
+  transport.PollForResponse(acceptance);
+  EXPECT_EQ(transport.ProcessingStatus(), SEND_STATUS::Complete);
+  ASSERT_EQ(sent_.size(), 1U);
+  EXPECT_THAT(sent_[0].body, HasSubstr("<Function>delete</Function>"));
+  ASSERT_FALSE(events_.empty());
+  EXPECT_EQ(events_[0], "StatusChanged Closing conversation with Government Gateway");
+}
+
+TEST_F(TransportTest, APollThatBeginsWithAnotherFunctionsAnswerPollsNothing) {
+  clsSOAPInterface transport;
+  Follow(transport);
+  const auto deleted = std::make_shared<clsGovTalkMessage>();
+  ASSERT_TRUE(deleted->ParseFromXML(Deleted()));
+  transport.PollForResponse(deleted);
+  EXPECT_THAT(events_, ElementsAre("WaitingToPollTitle 0"));
+  EXPECT_TRUE(sent_.empty());
+  EXPECT_EQ(transport.ProcessingStatus(), SEND_STATUS::PendingResult);
+}
+
 TEST_F(TransportTest, AConnectionLostWhilePollingFailsTheConnection) {
   answers_ = {Acknowledgement()};
   clsSOAPInterface transport;
