@@ -36,10 +36,11 @@ struct FtpOutcome;
 /// @code
 /// zelnor::clsFTP ftp;
 /// ftp.SetMode(false);
-/// ftp.SetTransferType(eFTPTransferTypes::FTP_BINARY);
-/// if (!ftp.OpenConnection("ftp.example.org", user, password) || !ftp.FTPUploadFile("/tmp/log.zip",
-/// "log.zip"))
+/// ftp.SetTransferType(zelnor::eFTPTransferTypes::FTP_BINARY);
+/// if (!ftp.OpenConnection("ftp.example.org", user, password) ||
+///     !ftp.FTPUploadFile("/tmp/log.zip", "log.zip")) {
 ///   std::cerr << ftp.LastErrorMessage();
+/// }
 /// @endcode
 class ZELNOR_API clsFTP {
  public:

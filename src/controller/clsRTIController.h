@@ -33,8 +33,10 @@ class vlsSchemaValidator;
 /// @code
 /// zelnor::clsRTIController rti;
 /// rti.ReadXML(text);
-/// if (rti.SubmissionType() == eRTISUBMISSIONTYPE::IsFPS) std::cout <<
-/// rti.Submission()->FPS()->EmployeeCount(); rti.SaveSubmission("/payroll/out/fps.xml");
+/// if (rti.SubmissionType() == zelnor::eRTISUBMISSIONTYPE::IsFPS) {
+///   std::cout << rti.Submission()->FPS()->EmployeeCount();
+/// }
+/// rti.SaveSubmission("/payroll/out/fps.xml");
 /// @endcode
 class ZELNOR_API clsRTIController {
  public:

@@ -11,7 +11,7 @@ namespace zelnor {
 /// auto agent = std::make_shared<clsAgent>();
 /// agent->Create("AG4471", "Hollin and Wray");
 /// agent->Contact()->CreateContactName("Mr", "Amos", "Wray");
-/// header.AgentDetails(agent);
+/// header->AgentDetails(agent);
 /// @endcode
 class ZELNOR_API clsAgent : public Record {
  public:

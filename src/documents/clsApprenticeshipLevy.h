@@ -10,7 +10,7 @@ namespace zelnor {
 /// @code
 /// auto levy = std::make_shared<clsApprenticeshipLevy>();
 /// levy->Create(3, Currency::FromPence(50000), Currency(15000));
-/// eps.ApprenticeshipLevy(levy);
+/// eps->ApprenticeshipLevy(levy);
 /// @endcode
 class ZELNOR_API clsApprenticeshipLevy : public Record {
  public:

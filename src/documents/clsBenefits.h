@@ -8,8 +8,8 @@ namespace zelnor {
 /// which they were added.
 ///
 /// @code
-/// payment.Benefits()->AddCarDetails("Skoda Octavia", "98", eFuel::enmHybrid, false, Currency(28450),
-///                                   Date::FromParts(2025, 4, 6), Currency(6828), "POOL 3");
+/// payment->Benefits()->AddCarDetails("Skoda Octavia", "98", eFuel::enmHybrid, false, Currency(28450),
+///                                    Date::FromParts(2025, 4, 6), Currency(6828), "POOL 3");
 /// @endcode
 class ZELNOR_API clsBenefits : public Record {
  public:

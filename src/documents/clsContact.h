@@ -15,7 +15,7 @@ namespace zelnor {
 /// contact->CreateContactName("Ms", "Petra", "Oakshott");
 /// contact->CreateEmail("wages@kelby-joinery.example");
 /// contact->CreateTelephone("01632 960417");
-/// header.PrincipalContact(contact);
+/// header->PrincipalContact(contact);
 /// @endcode
 class ZELNOR_API clsContact : public Record {
  public:

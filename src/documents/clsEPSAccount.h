@@ -8,7 +8,7 @@ namespace zelnor {
 /// reach the caller as a RuntimeError with the source "[ZELNOR.dll::clsEPSAccount]: " and the member's name.
 ///
 /// @code
-/// eps.Account()->Create("A N Employer", "12345678", "123456");
+/// eps->Account()->Create("A N Employer", "12345678", "123456");
 /// @endcode
 class ZELNOR_API clsEPSAccount : public Record {
  public:

@@ -9,7 +9,7 @@ namespace zelnor {
 /// @code
 /// auto figures = std::make_shared<clsFiguresToDate>();
 /// figures->Create(Currency(20100), Currency::FromPence(276120), Currency(522));
-/// employment.FiguresToDate(figures);
+/// employment->FiguresToDate(figures);
 /// @endcode
 class ZELNOR_API clsFiguresToDate : public Record {
  public:

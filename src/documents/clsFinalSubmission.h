@@ -7,7 +7,7 @@ namespace zelnor {
 /// The mark of the last submission of a year or of a scheme, in an FPS or EPS.
 ///
 /// @code
-/// fps.Final_Submission()->FinalForYear(true);
+/// fps->Final_Submission()->FinalForYear(true);
 /// @endcode
 class ZELNOR_API clsFinalSubmission : public Record {
  public:

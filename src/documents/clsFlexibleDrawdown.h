@@ -11,7 +11,7 @@ namespace zelnor {
 /// @code
 /// auto drawdown = std::make_shared<clsFlexibleDrawdown>();
 /// drawdown->Create(true, false, Currency(7500), Currency(2500), false, false, false);
-/// payment.FlexibleDrawdown(drawdown);
+/// payment->FlexibleDrawdown(drawdown);
 /// @endcode
 class ZELNOR_API clsFlexibleDrawdown : public Record {
  public:

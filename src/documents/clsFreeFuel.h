@@ -9,7 +9,7 @@ namespace zelnor {
 /// @code
 /// auto fuel = std::make_shared<clsFreeFuel>();
 /// fuel->Create(Date::FromParts(2025, 4, 6), Currency(6950));
-/// car.FreeFuel(fuel);
+/// car->FreeFuel(fuel);
 /// @endcode
 class ZELNOR_API clsFreeFuel : public Record {
  public:

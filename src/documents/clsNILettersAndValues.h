@@ -15,7 +15,7 @@ namespace zelnor {
 ///             Currency::FromPence(25845), Currency::FromPence(155070), Currency::FromPence(8736),
 ///             Currency::FromPence(52416));
 /// row->PTtoUEL(Currency(6552));
-/// employment.AddNILettersAndValues(row);
+/// employment->AddNILettersAndValues(row);
 /// @endcode
 class ZELNOR_API clsNILettersAndValues : public Record {
  public:

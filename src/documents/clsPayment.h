@@ -16,7 +16,7 @@ namespace zelnor {
 /// read as the long texts of their bands alone and anything else, the letters among it, reads as `Other`.
 ///
 /// @code
-/// Ref<clsPayment> payment = employment.Payment();
+/// Ref<clsPayment> payment = employment->Payment();
 /// payment->PayFrequency(PAY_FREQUENCY::CalendarMonthly);
 /// payment->PayDate(Date::FromParts(2025, 9, 30));
 /// payment->MonthNo("6");

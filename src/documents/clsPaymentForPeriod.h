@@ -8,7 +8,7 @@ namespace zelnor {
 /// and the deductions suffered in the Construction Industry Scheme, all for the tax year to date.
 ///
 /// @code
-/// Ref<clsPaymentForPeriod> amounts = eps.PaymentForPeriod();
+/// Ref<clsPaymentForPeriod> amounts = eps->PaymentForPeriod();
 /// amounts->TaxMonth("3");
 /// amounts->SMPRecovered(Currency::FromPence(125000));
 /// @endcode

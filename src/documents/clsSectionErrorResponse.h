@@ -9,8 +9,8 @@ class clsGTMGovTalkError;
 /// The body of a gateway's answer that refuses a submission: its errors in order.
 ///
 /// @code
-/// for (Integer i = response.Errors_MinIndex(); i <= response.Errors_MaxIndex(); ++i) {
-///   std::cout << response.GetError(i)->Text() << "\n";
+/// for (Integer i = 1; i <= response->Errors_MaxIndex(); ++i) {
+///   std::cout << response->GetError(i)->Text() << "\n";
 /// }
 /// @endcode
 class ZELNOR_API clsSectionErrorResponse : public Record {

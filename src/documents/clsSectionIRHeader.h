@@ -11,7 +11,7 @@ namespace zelnor {
 /// new one holds an empty IRmark.
 ///
 /// @code
-/// auto header = submission.Header();
+/// auto header = submission->Header();
 /// header->AddKey("TaxOfficeNumber", "527");
 /// header->AddKey("TaxOfficeReference", "AS90316");
 /// header->PeriodEndDate(Date::FromParts(2026, 4, 5));

@@ -10,7 +10,7 @@ namespace zelnor {
 /// @code
 /// auto code = std::make_shared<clsTaxCode>();
 /// code->Create("S1257L", true);  // Scottish, on a week 1 or month 1 basis
-/// payment.TaxCode(code);
+/// payment->TaxCode(code);
 /// @endcode
 class ZELNOR_API clsTaxCode : public Record {
  public:

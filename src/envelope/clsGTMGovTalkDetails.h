@@ -11,7 +11,7 @@ namespace zelnor {
 /// What the gateway needs to route a message, and the errors that it answers with: element `GovTalkDetails`.
 ///
 /// @code
-/// auto details = message.GTMGovTalkDetails();
+/// auto details = message->GTMGovTalkDetails();
 /// details->Create("527", "AS90316", "9999", "Kelby Payroll", "7.2");
 /// details->TargetDetails()->AddOrganisation("IR");
 /// @endcode

@@ -7,7 +7,7 @@ namespace zelnor {
 /// One error that the gateway or HMRC reports, element `Error`.
 ///
 /// @code
-/// for (const auto& error : *message.GTMGovTalkDetails()->GovTalkErrors())
+/// for (const auto& error : *message->GTMGovTalkDetails()->GovTalkErrors())
 ///   std::cout << error->Number() << ": " << error->Text() << '\n';
 /// @endcode
 class ZELNOR_API clsGTMGovTalkError : public Record {

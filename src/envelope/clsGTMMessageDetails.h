@@ -9,7 +9,7 @@ namespace zelnor {
 /// A new one is a "request" to "submit".
 ///
 /// @code
-/// auto details = message.Header_MessageDetails();
+/// auto details = message->Header_MessageDetails();
 /// details->Mode(RTI_SEND_MODE::Test);
 /// details->Class("HMRC-PAYE-RTI-FPS");
 /// details->Class();  // "HMRC-PAYE-RTI-FPS-TIL"

@@ -7,7 +7,7 @@ namespace zelnor {
 /// Who sends, element `SenderDetails` of the envelope's header.
 ///
 /// @code
-/// message.Header_SenderDetails()->Create(senderId, "principal", password, "", "clear");
+/// message->Header_SenderDetails()->Create(user, "principal", password, "", "clear");
 /// @endcode
 class ZELNOR_API clsGTMSenderDetails : public Record {
  public:

@@ -7,7 +7,7 @@ namespace zelnor {
 /// The organisations to which a message is addressed, element `TargetDetails`.
 ///
 /// @code
-/// message.GTMGovTalkDetails()->TargetDetails()->AddOrganisation("IR");
+/// message->GTMGovTalkDetails()->TargetDetails()->AddOrganisation("IR");
 /// @endcode
 class ZELNOR_API clsGTMTargetDetails : public Record {
  public:

@@ -14,8 +14,8 @@ class clsGovTalkMessage;
 ///
 /// @code
 /// clsSHA1 sha1;
-/// XmlDocument marked = sha1.CreateIRMark(message);
-/// print(sha1.Base32Mark());
+/// XmlDocument marked = sha1.CreateIRMark(*message);
+/// std::cout << sha1.Base32Mark();
 /// @endcode
 class ZELNOR_API clsSHA1 {
  public:

@@ -22,8 +22,8 @@ class clsSubmission;
 ///
 /// @code
 /// zelnor::clsSOAPInterface transport;
-/// transport.Mode(RTI_SEND_MODE::Test);
-/// transport.events.StatusChanged.connect([](const String& status) { std::cout << status << '\n'; });
+/// transport.Mode(zelnor::RTI_SEND_MODE::Test);
+/// transport.events.StatusChanged.connect([](const zelnor::String& status) { std::cout << status << '\n'; });
 /// if (transport.Send(message)) std::cout << static_cast<int>(transport.ProcessingStatus());
 /// @endcode
 class ZELNOR_API clsSOAPInterface {

@@ -23,7 +23,7 @@ namespace zelnor {
 /// @code
 /// Collection<Ref<clsEmployee>> employees;
 /// employees.Add(employee);
-/// for (const Ref<clsEmployee>& each : employees) ...
+/// for (const Ref<clsEmployee>& each : employees) std::cout << each->EmployeeCode() << "\n";
 /// @endcode
 template <class T>
 class Collection {

@@ -13,7 +13,9 @@ namespace zelnor {
 /// An event with these arguments. Connect a handler with `connect`, raise the event by calling it.
 ///
 /// @code
-/// rti.events.ControllerStatus.connect([](const String& stage, const String& detail, Long percent) { ... });
+/// rti.events.ControllerStatus.connect([](const String& stage, const String& detail, Long percent) {
+///   ShowProgress(stage, detail, percent);
+/// });
 /// @endcode
 template <class... Args>
 using Event = sigc::signal<void(Args...)>;

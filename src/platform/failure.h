@@ -7,7 +7,7 @@
 /// bool clsStarter::CreateFromXML(const XmlNode& xmlNode) {
 ///   bool result = false;
 ///   Handled("clsStarter", "Function CreateFromXML", [&] {
-///     ...
+///     start_date_ = ToDate(xmlNode.SelectSingleNode("StartDate").Text());
 ///     result = true;
 ///   });
 ///   return result;

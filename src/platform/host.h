@@ -5,8 +5,9 @@
 ///
 /// @code
 /// class MyHost : public zelnor::DefaultHost {
-///   Long MessageBox(const String& text, Long style, const String& title) override { return
-///   ShowInMyWindow(text, title); }
+///   Long MessageBox(const String& text, Long style, const String& title) override {
+///     return ShowInMyWindow(text, title) ? 1 : 0;  // 1 is OK
+///   }
 /// };
 /// zelnor::SetHost(std::make_shared<MyHost>());
 /// @endcode

@@ -7,8 +7,8 @@
 /// HttpRequest request;
 /// request.Open("POST", "https://gateway.example/submission");
 /// request.SetRequestHeader("Content-type", "text/xml");
-/// request.Send(message.Document());
-/// if (request.ResponseXML().DocumentElement()) ...
+/// request.Send(message->Document());
+/// if (XmlNode answer = request.ResponseXML().DocumentElement()) std::cout << answer.NodeName();
 /// @endcode
 
 #include "zelnor/platform/values.h"

@@ -7,7 +7,7 @@
 /// @code
 /// zelnor::standin::LocalGateway gateway({.provisional = 2});
 /// gateway.Start();
-/// ... send to gateway.url() + "/submission" ...
+/// // ... send to gateway.url() + "/submission" ...
 /// for (const auto& exchange : gateway.exchanges()) std::cout << exchange.what << '\n';
 /// @endcode
 

@@ -10,9 +10,9 @@
 ///                                                  const String& strErrKey) {
 ///   static constexpr Rule kRule{.key = "ContactSurname", .field = "Contact Surname", .code = "E5.1.0"};
 ///   return Check(kRule, strErrKey, [&](Finding& found) {
-///     const String& surname = found.value =
-///     Required(objIRHeader).PrincipalContact()->ContactName()->Surname(); if (surname.empty())
-///     found.Fail("E5.1.1", "Mandatory", "Contact Surname must be present");
+///     const Ref<clsContact> contact = Required(objIRHeader).PrincipalContact();
+///     const String& surname = found.value = contact->ContactName()->Surname();
+///     if (surname.empty()) found.Fail("E5.1.1", "Mandatory", "Contact Surname must be present");
 ///   });
 /// }
 /// @endcode

@@ -16,7 +16,7 @@ class clsException;
 ///
 /// @code
 /// vlsSchemaValidator validator;
-/// if (!validator.ValidateSchema("HMRC-PAYE-RTI-FPS", message.Document()) && validator.HasErrors()) {
+/// if (!validator.ValidateSchema("HMRC-PAYE-RTI-FPS", message->Document()) && validator.HasErrors()) {
 ///   std::cout << validator.Exception()->Description() << "\n";
 /// }
 /// @endcode
