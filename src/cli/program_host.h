@@ -9,8 +9,8 @@
 
 namespace zelnor::cli {
 
-/// Asks on the terminal where there is one, and says everything once: a fault of the settings or the log would
-/// come up again with each of their uses.
+/// Asks on the terminal where there is one, and says everything once: a fault of the settings or the log
+/// would come up again with each of their uses.
 class ProgramHost : public TerminalHost {
  public:
   Long MessageBox(const String& text, Long style, const String& title) override {
