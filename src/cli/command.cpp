@@ -285,8 +285,11 @@ void WriteOut(std::string_view text) {
   if (taken && std::fflush(stdout) == 0) return;
   const String cause = errno == 0 ? "it is closed" : std::generic_category().message(errno);
   std::clearerr(stdout);
-  throw CommandError(kUnknownError,
-                     "cannot write standard output: " + cause + ". Make room, or send it to another file.");
+  String message = "cannot write standard output: " + cause + ". Make room, or send it to another file.";
+  // What a command has done is done, and its correlation id must not be lost.
+  constexpr std::size_t kShort = 4096;
+  if (text.size() <= kShort) message += "\nThis should stand there:\n" + String(TrimXmlSpace(text));
+  throw CommandError(kUnknownError, message);
 }
 
 void Print(const CommonOptions& options, const Json& json, const String& text) {

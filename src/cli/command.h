@@ -106,7 +106,8 @@ String LogLine(const String& written_log);
 /// The same for other programs: null where there is none.
 Json LogAsJson(const String& written_log);
 
-/// Writes text to standard output. CommandError (kUnknownError) where not all of it arrives.
+/// Writes text to standard output. CommandError (kUnknownError) where not all of it arrives; it has
+/// a short text with it.
 void WriteOut(std::string_view text);
 
 /// Writes the JSON object, or the lines for people, to standard output. Errors as WriteOut.

@@ -13,15 +13,14 @@
 namespace zelnor::test {
 namespace {
 
-
 using testing::Contains;
 
 using testing::StartsWith;
 
 class TerminalCliTest : public CliTest {
  protected:
-  /// Runs the program at such a terminal; returns what stood on its line, one text after the other. The program
-  /// is interrupted once `until` has been shown, where that isn't empty.
+  /// Runs the program at such a terminal; returns what stood on its line, one text after the other. The
+  /// program is interrupted once `until` has been shown, where that isn't empty.
   std::vector<String> LinesOf(std::vector<String> arguments, const String& until = {}) const {
     winsize size{};
     size.ws_col = 80;
@@ -66,13 +65,14 @@ TEST_F(TerminalCliTest, PollTellsTheSecondsUntilTheNextPoll) {
   // A gateway of the program's own answers provisionally first.
   const String folder = folder_.At("gateway.txt");
   const String start = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("gateway-home") +
-                       "' gateway --interval 3 --provisional 5 >'" + folder + "' 2>&1 & echo $! >'" + folder_.At("pid") +
-                       "'; for i in $(seq 500); do grep -q http '" + folder + "' && break; sleep 0.02; done";
+                       "' gateway --interval 3 --provisional 5 >'" + folder + "' 2>&1 & echo $! >'" +
+                       folder_.At("pid") + "'; for i in $(seq 500); do grep -q http '" + folder +
+                       "' && break; sleep 0.02; done";
   ASSERT_EQ(std::system(start.c_str()), 0);
   const String text = folder_.Get("gateway.txt");
   const String url = text.substr(text.find("http"), text.find('\n') - text.find("http"));
-  const Outcome sent = Run("send --json --no-validation --submission-url " + url + "/submission --poll-url " + url +
-                               "/poll " + Quoted(SamplePath()),
+  const Outcome sent = Run("send --json --no-validation --submission-url " + url + "/submission --poll-url " +
+                               url + "/poll " + Quoted(SamplePath()),
                            "timeout --preserve-status -s INT 2");
   const auto told = nlohmann::json::parse(sent.out);
   ASSERT_EQ(told["result"], "Pending") << sent.err;
@@ -81,7 +81,8 @@ TEST_F(TerminalCliTest, PollTellsTheSecondsUntilTheNextPoll) {
                "--submission-url", url + "/submission", "--poll-url", url + "/poll"},
               "in 1 s");
   for (const char* seconds : {"3", "2", "1"})
-    EXPECT_THAT(lines, Contains(StartsWith("The answer isn't ready. Polling again in " + String(seconds) + " s")));
+    EXPECT_THAT(lines,
+                Contains(StartsWith("The answer isn't ready. Polling again in " + String(seconds) + " s")));
   kill(std::stoi(folder_.Get("pid")), SIGTERM);
 }
 

@@ -1,4 +1,5 @@
-// What the program says when a place can't be written, a word is none of its commands, or a document isn't there.
+// What the program says when a place can't be written, a word is none of its commands, or a document isn't
+// there.
 
 #include "zelnor/platform/files.h"
 
@@ -17,14 +18,15 @@ class TroubleCliTest : public CliTest {
  protected:
   // Runs the program with that for its standard output.
   Outcome RunInto(const String& out, const String& arguments) const {
-    const String command = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + arguments + " >" + out +
-                           " 2>'" + folder_.At("err.txt") + "'";
+    const String command = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + arguments + " >" +
+                           out + " 2>'" + folder_.At("err.txt") + "'";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, {}, folder_.Get("err.txt")};
   }
 
   String SavedLog() const {
-    return json::parse(Run("save --json " + Quoted(SamplePath()) + " " + Quoted(folder_.At("out.xml"))).out)["log"];
+    return json::parse(
+        Run("save --json " + Quoted(SamplePath()) + " " + Quoted(folder_.At("out.xml"))).out)["log"];
   }
 };
 
@@ -36,13 +38,20 @@ TEST_F(TroubleCliTest, AFullStandardOutputIsAnErrorOfEveryCommand) {
   for (const String& arguments :
        {"show " + sample, "irmark " + sample, String("new fps"), "report " + log, "log show " + log,
         String("log list"), "validate --format junit " + sample, "validate --format csv " + sample,
-        "save --json " + sample + " " + Quoted(folder_.At("out.xml")), "send --json --no-validation " + sample,
-        String("log prune --older-than 9 --dry-run"), String("gateway"), String("--help"), String("--version"),
-        String("show --json nothing.xml")}) {
+        "save --json " + sample + " " + Quoted(folder_.At("out.xml")),
+        "send --json --no-validation " + sample, String("log prune --older-than 9 --dry-run"),
+        String("gateway"), String("--help"), String("--version"), String("show --json nothing.xml")}) {
     const Outcome run = RunInto("/dev/full", arguments);
     EXPECT_EQ(run.status, arguments.ends_with("nothing.xml") ? 3 : 15) << arguments;
-    EXPECT_THAT(run.err, AllOf(HasSubstr("cannot write standard output"), HasSubstr("No space left"))) << arguments;
+    EXPECT_THAT(run.err, AllOf(HasSubstr("cannot write standard output"), HasSubstr("No space left")))
+        << arguments;
   }
+}
+
+TEST_F(TroubleCliTest, WhatCameOfASendIsToldThoughStandardOutputIsFull) {
+  const Outcome run = RunInto("/dev/full", "send --no-validation " + Quoted(SamplePath()));
+  EXPECT_THAT(run.err, AllOf(HasSubstr("Result          Successful"), HasSubstr("Correlation ID")));
+  EXPECT_THAT(RunInto("/dev/full", "new fps").err, Not(HasSubstr("GovTalkMessage"))) << "too long";
 }
 
 TEST_F(TroubleCliTest, AClosedStandardOutputIsAnError) {
@@ -57,11 +66,12 @@ TEST_F(TroubleCliTest, AFileThatCannotBeWrittenIsNamedWithTheRemedy) {
   const String log = Quoted(SavedLog());
   Outcome run = Run("new fps -o '" + folder_.At("none/a.xml") + "'");
   EXPECT_EQ(run.status, 15);
-  EXPECT_THAT(run.err, HasSubstr("cannot write " + folder_.At("none/a.xml") + ": Path not found. Make the folder " +
-                                 folder_.At("none") + " first"));
+  EXPECT_THAT(run.err, HasSubstr("cannot write " + folder_.At("none/a.xml") +
+                                 ": Path not found. Make the folder " + folder_.At("none") + " first"));
   run = Run("--json report " + log + " -o '" + folder_.At("none/a.html") + "'");
   EXPECT_EQ(run.status, 15);
-  EXPECT_THAT(json::parse(run.out)["error"].get<String>(), HasSubstr("cannot write " + folder_.At("none/a.html")));
+  EXPECT_THAT(json::parse(run.out)["error"].get<String>(),
+              HasSubstr("cannot write " + folder_.At("none/a.html")));
   run = Run("report " + log + " -o '" + folder_.At("home") + "'");
   EXPECT_THAT(run.err, HasSubstr("cannot write " + folder_.At("home") + ": it is a folder."));
 }
@@ -69,7 +79,8 @@ TEST_F(TroubleCliTest, AFileThatCannotBeWrittenIsNamedWithTheRemedy) {
 TEST_F(TroubleCliTest, AHomeThatCannotBeOneIsNamedWithTheRemedy) {
   const String file = folder_.Put("file", "x");
   for (const String& home : {file, String("/proc/none")}) {
-    const String command = "'" ZELNOR_PROGRAM "' log list --home '" + home + "' >/dev/null 2>'" + folder_.At("err.txt") + "'";
+    const String command =
+        "'" ZELNOR_PROGRAM "' log list --home '" + home + "' >/dev/null 2>'" + folder_.At("err.txt") + "'";
     const int status = std::system(command.c_str());
     EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, 15);
     EXPECT_THAT(folder_.Get("err.txt"),
@@ -94,7 +105,8 @@ TEST_F(TroubleCliTest, ALogThatWasNotWrittenIsNotNamed) {
               HasSubstr("Log  none: it could not be written"));
   const String arguments = Quoted(SamplePath()) + " " + Quoted(folder_.At("out.xml"));
   EXPECT_TRUE(json::parse(Run("save --json --no-validation " + arguments).out)["log"].is_null());
-  EXPECT_THAT(Run("save --no-validation " + arguments).out, HasSubstr("Log      none: it could not be written"));
+  EXPECT_THAT(Run("save --no-validation " + arguments).out,
+              HasSubstr("Log      none: it could not be written"));
   EXPECT_TRUE(json::parse(Run("send --json --no-validation " + Quoted(SamplePath())).out)["log"].is_null());
 }
 
@@ -106,15 +118,18 @@ TEST_F(TroubleCliTest, AWordThatIsNoCommandIsNamed) {
   EXPECT_THAT(run.err, HasSubstr("\"bogus\" is no command of zelnor."));
   run = Run("--json log bogus");
   EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(json::parse(run.out)["error"].get<String>(), HasSubstr("\"bogus\" is no command of zelnor log."));
+  EXPECT_THAT(json::parse(run.out)["error"].get<String>(),
+              HasSubstr("\"bogus\" is no command of zelnor log."));
   EXPECT_THAT(Run("").err, HasSubstr("A subcommand is required"));
 }
 
 TEST_F(TroubleCliTest, TheHelpOfACommandTellsOfTheOptionsOfAll) {
   for (const char* command : {"show", "send", "log", "log prune", "support"})
-    EXPECT_THAT(Run(String(command) + " --help").out, AllOf(HasSubstr("--home DIR"), HasSubstr("--json"))) << command;
+    EXPECT_THAT(Run(String(command) + " --help").out, AllOf(HasSubstr("--home DIR"), HasSubstr("--json")))
+        << command;
   EXPECT_THAT(Run("gateway --help").out, HasSubstr("local-gateway.md"));
-  EXPECT_THAT(Run("support --help").out, AllOf(HasSubstr("people's data"), HasSubstr("password for HMRC's gateway")));
+  EXPECT_THAT(Run("support --help").out,
+              AllOf(HasSubstr("people's data"), HasSubstr("password for HMRC's gateway")));
 }
 
 // ---- documents that aren't there
@@ -140,11 +155,12 @@ TEST_F(TroubleCliTest, TheAdviceFitsADocumentThatIsTooLarge) {
 
 TEST_F(TroubleCliTest, AMessageWithoutADocumentIsNotShownAsOneOfNobody) {
   for (const char* body : {"", "<Body/>", "<Body> <!-- nothing --> </Body>"}) {
-    const Outcome run =
-        Run("show " + Input("<GovTalkMessage xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><EnvelopeVersion>2.0"
-                            "</EnvelopeVersion><Header><MessageDetails><Class>HMRC-PAYE-RTI-FPS</Class></MessageDetails>"
-                            "</Header>" +
-                            String(body) + "</GovTalkMessage>"));
+    const Outcome run = Run(
+        "show " +
+        Input("<GovTalkMessage xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><EnvelopeVersion>2.0"
+              "</EnvelopeVersion><Header><MessageDetails><Class>HMRC-PAYE-RTI-FPS</Class></MessageDetails>"
+              "</Header>" +
+              String(body) + "</GovTalkMessage>"));
     EXPECT_EQ(run.status, 3) << body;
     EXPECT_THAT(run.out, IsEmpty());
     EXPECT_THAT(run.err, HasSubstr("holds no document"));
