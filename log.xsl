@@ -24,7 +24,7 @@
   <!ENTITY host "substring-before(concat(translate(substring-after(@Url, '://'), '?#\', '///'), '/'), '/')">
   <!ENTITY host-name "translate(substring-before(concat(&host;, ':'), ':'), $upper, $lower)">
   <!ENTITY on-this-machine "not(contains(&host;, '@')) and (&host; = '[::1]' or starts-with(&host;, '[::1]:')
-    or &host-name; = 'localhost' or starts-with(&host-name;, '127.') and not(translate(&host-name;, '0123456789.', '')))">
+    or &host-name; = 'localhost' or starts-with(&host-name;, '127.') and translate(&host-name;, '0123456789', '') = '...')">
 ]>
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
   <xsl:output method="html" encoding="utf-8" indent="no" doctype-system="about:legacy-compat"/>

@@ -178,7 +178,7 @@ TEST_F(LogReport, OneMessageToAnotherMachineMakesItNoRehearsal) {
   }
   for (const char* address : {"http://127.0.0.1.example.org/x", "http://127.0.0.1:80@example.org/x",
                               "http://localhost.example.org/", "http://example.org?http://localhost/",
-                              "http://[::1].example.org/"}) {
+                              "http://[::1].example.org/", "http://127.0.0.1.2/"}) {
     const XmlDocument log;
     ASSERT_TRUE(log.LoadXML(Replace(Replace(accepted, all, address),
                                     "https://transaction-engine.tax.service.gov.uk/poll", address)));
