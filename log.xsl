@@ -19,6 +19,12 @@
   <!-- The envelope's error that only says that HMRC's list follows. -->
   <!ENTITY only-announces "parent::*[local-name() = 'GovTalkErrors'] and *[local-name() = 'Number'] = '3001'
     and ../../../*[local-name() = 'Body']/*[local-name() = 'ErrorResponse']//*[local-name() = 'Error']">
+  <!-- Whether a message's address is on this machine. One that only looks like it, with a name before the host or
+    a longer name, is not. -->
+  <!ENTITY host "substring-before(concat(translate(substring-after(@Url, '://'), '?#\', '///'), '/'), '/')">
+  <!ENTITY host-name "translate(substring-before(concat(&host;, ':'), ':'), $upper, $lower)">
+  <!ENTITY on-this-machine "not(contains(&host;, '@')) and (&host; = '[::1]' or starts-with(&host;, '[::1]:')
+    or &host-name; = 'localhost' or starts-with(&host-name;, '127.') and translate(&host-name;, '0123456789', '') = '...')">
 ]>
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
   <xsl:output method="html" encoding="utf-8" indent="no" doctype-system="about:legacy-compat"/>
@@ -66,7 +72,12 @@
     or starts-with(., 'Document submission completed successfully') or starts-with(., 'Cannot send document')
     or starts-with(., 'Send cancelled by user') or starts-with(., 'No document to send')
     or starts-with(., 'Error sending document') or starts-with(., 'Validation completed at')
-    or starts-with(., 'Validation cancelled')][last()])"/>
+    or starts-with(., 'Validation cancelled') or starts-with(., 'Submitting document to')][last()])"/>
+
+  <!-- The last time that it was handed to the gateway, and whether nothing at all is known of what came of that. -->
+  <xsl:variable name="handed" select="$records[starts-with(., 'Submitting document to')][last()]"/>
+  <xsl:variable name="no-answer" select="starts-with($verdict, 'Submitting document to')
+    and not($handed/following-sibling::*[starts-with(., 'Response received')])"/>
 
   <!-- How the last check ended. -->
   <xsl:variable name="last-check" select="$records[starts-with(., 'Beginning validation')][last()]"/>
@@ -75,6 +86,9 @@
   <xsl:variable name="check-failed" select="not($check-left-out) and boolean($since[contains(., 'alidation failed')])"/>
 
   <xsl:variable name="no-connection" select="boolean($answer//*[local-name() = 'Error'][*[local-name() = 'Number'] = '-9999'])"/>
+
+  <xsl:variable name="refused-certificate" select="$no-connection and boolean($answer//*[local-name() = 'Error']
+    [contains(*[local-name() = 'Text'], 'certificate')])"/>
 
   <xsl:variable name="outcome">
     <xsl:choose>
@@ -87,12 +101,14 @@
       <xsl:when test="starts-with($verdict, 'An error occurred')">error</xsl:when>
       <xsl:when test="starts-with($verdict, 'Submission saved') and $check-failed">saved-invalid</xsl:when>
       <xsl:when test="starts-with($verdict, 'Submission saved')">saved</xsl:when>
+      <xsl:when test="$no-answer">unanswered</xsl:when>
       <xsl:when test="$no-connection or starts-with($verdict, 'Cannot send document. Maximum attempts')">connection</xsl:when>
       <xsl:when test="$qualifier = 'error'">refused</xsl:when>
       <xsl:when test="$qualifier = 'response'">accepted</xsl:when>
       <xsl:when test="starts-with($verdict, 'Submission result: ') or starts-with($verdict, 'Cannot send')
         or starts-with($verdict, 'Error sending') or starts-with($verdict, 'No document')">failed</xsl:when>
       <xsl:when test="$qualifier = 'acknowledgement' or starts-with($verdict, 'Document submission completed')">pending</xsl:when>
+      <xsl:when test="starts-with($verdict, 'Submitting document to')">unanswered</xsl:when>
       <xsl:when test="starts-with($verdict, 'Send cancelled')">cancelled</xsl:when>
       <xsl:when test="starts-with($verdict, 'Validation completed') and $check-failed">invalid</xsl:when>
       <xsl:when test="starts-with($verdict, 'Validation completed')">checked</xsl:when>
@@ -107,7 +123,7 @@
   <xsl:variable name="tone">
     <xsl:choose>
       <xsl:when test="$outcome = 'accepted'">ok</xsl:when>
-      <xsl:when test="$outcome = 'pending' or $outcome = 'cancelled'">wait</xsl:when>
+      <xsl:when test="$outcome = 'pending' or $outcome = 'cancelled' or $outcome = 'unanswered'">wait</xsl:when>
       <xsl:when test="$outcome = 'saved' or $outcome = 'checked' or $outcome = 'none'">plain</xsl:when>
       <xsl:otherwise>bad</xsl:otherwise>
     </xsl:choose>
@@ -117,9 +133,22 @@
     or substring($details/*[local-name() = 'Class'], string-length($details/*[local-name() = 'Class']) - 3) = '-TIL'"/>
 
   <!-- Whether the messages went to a gateway on this machine, as in an application's own tests. -->
-  <xsl:variable name="address" select="substring-after($messages[self::ToGateway][1]/@Url, '://')"/>
-  <xsl:variable name="is-local" select="starts-with($address, '127.') or starts-with($address, '[::1]')
-    or starts-with($address, 'localhost:') or starts-with($address, 'localhost/')"/>
+  <xsl:variable name="is-local" select="boolean($messages[self::ToGateway])
+    and not($messages[self::ToGateway][not(&on-this-machine;)])"/>
+
+  <!-- Who answers, at the beginning of a sentence and within one. -->
+  <xsl:variable name="Who">
+    <xsl:choose>
+      <xsl:when test="$is-local">The gateway on this machine</xsl:when>
+      <xsl:otherwise>HMRC</xsl:otherwise>
+    </xsl:choose>
+  </xsl:variable>
+  <xsl:variable name="who">
+    <xsl:choose>
+      <xsl:when test="$is-local">the gateway on this machine</xsl:when>
+      <xsl:otherwise>HMRC</xsl:otherwise>
+    </xsl:choose>
+  </xsl:variable>
 
   <!-- What the document itself tells of the employer and the year, for a log to which nobody told them. -->
   <xsl:variable name="section" select="$submission/*[local-name() = 'Body']/*/*[not(local-name() = 'IRheader')][1]"/>
@@ -211,8 +240,8 @@
       <xsl:when test="$outcome = 'pending'"><xsl:value-of select="concat($hmrc, ' has the ', $kind, ' and has not answered yet')"/></xsl:when>
       <xsl:when test="$outcome = 'refused' and $no-fault"><xsl:value-of select="concat($hmrc, ' has answered with an error')"/></xsl:when>
       <xsl:when test="$outcome = 'refused'"><xsl:value-of select="concat($hmrc, ' has refused the ', $kind)"/></xsl:when>
-      <xsl:when test="$outcome = 'connection' and $is-local">The gateway on this machine could not be reached</xsl:when>
-      <xsl:when test="$outcome = 'connection'">HMRC could not be reached</xsl:when>
+      <xsl:when test="$outcome = 'connection'"><xsl:value-of select="concat($Who, ' could not be reached')"/></xsl:when>
+      <xsl:when test="$outcome = 'unanswered'"><xsl:value-of select="concat('The ', $kind, ' may have been sent: no answer is recorded')"/></xsl:when>
       <xsl:when test="$outcome = 'invalid'">The check found errors; nothing was sent</xsl:when>
       <xsl:when test="$outcome = 'cancelled'"><xsl:value-of select="concat('The ', $kind, ' was cancelled')"/></xsl:when>
       <xsl:when test="$outcome = 'error' and $accepted-by-hmrc">
@@ -236,21 +265,34 @@
       <xsl:when test="$outcome = 'accepted' and $is-test">This was a test. HMRC does not count it as a submission: send it live when you are ready.</xsl:when>
       <xsl:when test="$outcome = 'accepted'">There is nothing more to do. Keep this page, with its IRmark, as your receipt.</xsl:when>
       <xsl:when test="$outcome = 'pending'">Do not send it again. Ask for the answer later, with the correlation ID below.</xsl:when>
-      <xsl:when test="$outcome = 'refused' and $no-fault">The fault need not lie in what you sent. See below what HMRC says.</xsl:when>
+      <xsl:when test="$outcome = 'refused' and $no-fault">The fault need not lie in what you sent. See below what <xsl:value-of select="$who"/> says.</xsl:when>
       <xsl:when test="$outcome = 'refused'">
-        <xsl:text>HMRC has not taken any of it. Put right the </xsl:text>
+        <xsl:value-of select="$Who"/>
+        <xsl:text> has not taken any of it. Put right the </xsl:text>
         <xsl:call-template name="errors"><xsl:with-param name="errors" select="$hmrc-errors"/></xsl:call-template>
         <xsl:text> below, then send it again.</xsl:text>
       </xsl:when>
-      <xsl:when test="$outcome = 'connection' and string($log/CorrelationID)">The connection was lost after HMRC had received it. Do not send it again: ask for the answer later, with the correlation ID below.</xsl:when>
-      <xsl:when test="$outcome = 'connection' and $messages[self::ToGateway]">It was sent, but no usable answer came. Before you send it again, find out whether HMRC has it.</xsl:when>
+      <xsl:when test="$outcome = 'connection' and string($log/CorrelationID)">The connection was lost after <xsl:value-of select="$who"/> had received it. Do not send it again: ask for the answer later, with the correlation ID below.</xsl:when>
+      <xsl:when test="$outcome = 'connection' and $messages[self::ToGateway]">It was sent, but no usable answer came. Before you send it again, find out whether <xsl:value-of select="$who"/> has it.</xsl:when>
+      <xsl:when test="$outcome = 'connection' and $handed and not($refused-certificate)">
+        <xsl:text>Nothing is known to have arrived. But it was handed to the gateway at </xsl:text>
+        <xsl:call-template name="clock"><xsl:with-param name="stamp" select="$handed/@TimeStamp"/></xsl:call-template>
+        <xsl:text>, and where the connection broke off after that, HMRC may have it. Look to the internet connection, and ask HMRC before you send it again.</xsl:text>
+      </xsl:when>
+      <xsl:when test="$outcome = 'unanswered'">
+        <xsl:text>It was handed to the gateway at </xsl:text>
+        <xsl:call-template name="clock"><xsl:with-param name="stamp" select="$handed/@TimeStamp"/></xsl:call-template>
+        <xsl:text> on </xsl:text>
+        <xsl:call-template name="day"><xsl:with-param name="stamp" select="$handed/@TimeStamp"/></xsl:call-template>
+        <xsl:text>, and no answer is recorded: HMRC may have it. Do not send it again before you have asked HMRC, for instance in your PAYE Online account.</xsl:text>
+      </xsl:when>
       <xsl:when test="$outcome = 'connection'">Nothing is known to have arrived. Look to the internet connection and the date of this computer, then send it again.</xsl:when>
       <xsl:when test="$outcome = 'invalid' or $outcome = 'saved-invalid'">
         <xsl:text>Put right the </xsl:text>
         <xsl:call-template name="errors"><xsl:with-param name="errors" select="$check-errors"/></xsl:call-template>
         <xsl:text> below, then try again.</xsl:text>
       </xsl:when>
-      <xsl:when test="$outcome = 'cancelled' and $messages[self::ToGateway]">It was cancelled after something had been sent. Before you send it again, see below what HMRC received.</xsl:when>
+      <xsl:when test="$outcome = 'cancelled' and $messages[self::ToGateway]">It was cancelled after something had been sent. Before you send it again, see below what <xsl:value-of select="$who"/> received.</xsl:when>
       <xsl:when test="$outcome = 'cancelled'">Nothing was sent. Send it again when you are ready.</xsl:when>
       <xsl:when test="$outcome = 'error'">
         <xsl:call-template name="say"><xsl:with-param name="text" select="$verdict"/></xsl:call-template>
@@ -270,7 +312,7 @@
   <xsl:template name="explain">
     <xsl:param name="number"/>
     <xsl:choose>
-      <xsl:when test="$number = '-9999'">There was no usable connection to HMRC.</xsl:when>
+      <xsl:when test="$number = '-9999'">There was no usable connection to <xsl:value-of select="$who"/>.</xsl:when>
       <xsl:when test="$number = '1000'">HMRC&#8217;s gateway had a failure of its own. Send it again later.</xsl:when>
       <xsl:when test="$number = '1001' or $number = '1002' or $number = '1020' or $number = '1035' or $number = '1042'">The message was not in the form that HMRC&#8217;s gateway takes. This is for your software&#8217;s supplier.</xsl:when>
       <xsl:when test="$number = '1040' or $number = '1046'">The user ID or the password is not the one that belongs to this employer&#8217;s PAYE reference.</xsl:when>
@@ -547,24 +589,25 @@
     <xsl:variable name="errors" select="*/*[local-name() = 'GovTalkDetails']/*[local-name() = 'GovTalkErrors']/*[local-name() = 'Error']
       | $body/*[local-name() = 'ErrorResponse']/*[local-name() = 'Error']"/>
     <xsl:choose>
-      <xsl:when test="self::ToGateway and $says = 'request' and $does = 'delete'">Told HMRC that its answer has arrived, which closes the conversation</xsl:when>
-      <xsl:when test="self::ToGateway and ($says = 'poll' or not($body/*))">Asked HMRC for its answer</xsl:when>
-      <xsl:when test="self::ToGateway"><xsl:value-of select="concat('Sent the ', $kind, ' to HMRC')"/></xsl:when>
+      <xsl:when test="self::ToGateway and $says = 'request' and $does = 'delete'">Told <xsl:value-of select="$who"/> that its answer has arrived, which closes the conversation</xsl:when>
+      <xsl:when test="self::ToGateway and ($says = 'poll' or not($body/*))"><xsl:value-of select="concat('Asked ', $who, ' for its answer')"/></xsl:when>
+      <xsl:when test="self::ToGateway"><xsl:value-of select="concat('Sent the ', $kind, ' to ', $who)"/></xsl:when>
       <xsl:when test="$says = 'acknowledgement'">
-        <xsl:text>HMRC has received it; the answer is not ready</xsl:text>
+        <xsl:value-of select="concat($Who, ' has received it; the answer is not ready')"/>
         <xsl:variable name="wait" select="$head/*[local-name() = 'ResponseEndPoint']/@PollInterval"/>
         <xsl:if test="number($wait) &gt; 0"><xsl:value-of select="concat(', ask again in ', number($wait), ' s')"/></xsl:if>
       </xsl:when>
-      <xsl:when test="$says = 'response' and $does = 'delete'">HMRC has closed the conversation</xsl:when>
-      <xsl:when test="$says = 'response'">HMRC has accepted it</xsl:when>
+      <xsl:when test="$says = 'response' and $does = 'delete'"><xsl:value-of select="concat($Who, ' has closed the conversation')"/></xsl:when>
+      <xsl:when test="$says = 'response'"><xsl:value-of select="concat($Who, ' has accepted it')"/></xsl:when>
       <xsl:when test="$errors[*[local-name() = 'Number'] = '-9999']">No usable answer: the connection failed</xsl:when>
       <xsl:when test="$says = 'error' and $body/*[local-name() = 'ErrorResponse']">
-        <xsl:text>HMRC has refused it, for </xsl:text>
+        <xsl:value-of select="concat($Who, ' has refused it, for ')"/>
         <xsl:call-template name="plural">
           <xsl:with-param name="count" select="count($body/*[local-name() = 'ErrorResponse']/*[local-name() = 'Error'])"/>
           <xsl:with-param name="one" select="'error'"/>
         </xsl:call-template>
       </xsl:when>
+      <xsl:when test="$says = 'error' and $is-local">The gateway on this machine has refused the message</xsl:when>
       <xsl:when test="$says = 'error'">HMRC&#8217;s gateway has refused the message</xsl:when>
       <xsl:otherwise>An answer of a kind that this page does not know</xsl:otherwise>
     </xsl:choose>
@@ -574,7 +617,7 @@
   <xsl:template match="FromGateway" mode="more">
     <xsl:for-each select="*/*[local-name() = 'Body']/*[local-name() = 'SuccessResponse']
       //*[local-name() = 'Message'][not(*)][string(.)]">
-      <p class="quote"><xsl:text>HMRC: </xsl:text>
+      <p class="quote"><xsl:value-of select="concat($Who, ': ')"/>
         <xsl:call-template name="say"><xsl:with-param name="text" select="."/></xsl:call-template></p>
     </xsl:for-each>
     <xsl:for-each select="*/*[local-name() = 'GovTalkDetails']/*[local-name() = 'GovTalkErrors']/*[local-name() = 'Error']">
@@ -673,7 +716,7 @@
   <xsl:template name="contents">
     <nav aria-label="On this page">
       <ul>
-        <xsl:if test="$hmrc-errors"><li><a href="#hmrc">Errors from HMRC (<xsl:value-of select="count($hmrc-errors)"/>)</a></li></xsl:if>
+        <xsl:if test="$hmrc-errors"><li><a href="#hmrc">Errors from <xsl:value-of select="$who"/> (<xsl:value-of select="count($hmrc-errors)"/>)</a></li></xsl:if>
         <xsl:if test="$check-errors"><li><a href="#check">Errors of the check (<xsl:value-of select="count($check-errors)"/>)</a></li></xsl:if>
         <li><a href="#submission">Submission</a></li>
         <xsl:if test="string($base32)"><li><a href="#irmark">IRmark</a></li></xsl:if>
@@ -832,8 +875,8 @@
           </xsl:if>
           <xsl:text>.</xsl:text>
         </p>
-        <xsl:if test="$receipt = 'same'"><p>HMRC&#8217;s receipt bears the same mark: what HMRC has is what was sent.</p></xsl:if>
-        <xsl:if test="$receipt = 'other'"><p class="warn">HMRC&#8217;s receipt bears another mark: it is not for this document.</p></xsl:if>
+        <xsl:if test="$receipt = 'same'"><p><xsl:value-of select="$Who"/>&#8217;s receipt bears the same mark: what it has is what was sent.</p></xsl:if>
+        <xsl:if test="$receipt = 'other'"><p class="warn"><xsl:value-of select="$Who"/>&#8217;s receipt bears another mark: it is not for this document.</p></xsl:if>
       </section>
     </xsl:if>
   </xsl:template>
@@ -843,7 +886,7 @@
   <xsl:template name="errors-of-hmrc">
     <xsl:if test="$hmrc-errors">
       <section aria-labelledby="hmrc">
-        <h2 id="hmrc">What HMRC found</h2>
+        <h2 id="hmrc">What <xsl:value-of select="$who"/> found</h2>
         <xsl:call-template name="groupings">
           <xsl:with-param name="errors" select="$hmrc-errors"/>
           <xsl:with-param name="of" select="'hmrc'"/>
@@ -1073,7 +1116,10 @@
           </ol>
         </xsl:if>
         <xsl:if test="$unsent">
-          <xsl:if test="not($messages)"><p>Nothing was exchanged with HMRC.</p></xsl:if>
+          <xsl:if test="not($messages)"><p><xsl:choose>
+            <xsl:when test="$handed">No exchange is recorded.</xsl:when>
+            <xsl:otherwise>Nothing was exchanged with HMRC.</xsl:otherwise>
+          </xsl:choose></p></xsl:if>
           <xsl:for-each select="$unsent">
             <details>
               <summary>The document as it was made</summary>
@@ -1090,8 +1136,8 @@
     <li>
       <p class="words">
         <span class="way">
-          <xsl:if test="self::ToGateway">To HMRC</xsl:if>
-          <xsl:if test="self::FromGateway and not(*/*[local-name() = 'GovTalkDetails']//*[local-name() = 'Number'] = '-9999')">From HMRC</xsl:if>
+          <xsl:if test="self::ToGateway">To <xsl:value-of select="$who"/></xsl:if>
+          <xsl:if test="self::FromGateway and not(*/*[local-name() = 'GovTalkDetails']//*[local-name() = 'Number'] = '-9999')">From <xsl:value-of select="$who"/></xsl:if>
           <xsl:if test="self::FromGateway and */*[local-name() = 'GovTalkDetails']//*[local-name() = 'Number'] = '-9999'">No answer</xsl:if>
         </span>
         <xsl:text> </xsl:text>
@@ -1219,6 +1265,7 @@
       <xsl:call-template name="fact"><xsl:with-param name="name" select="'paye_ref'"/><xsl:with-param name="value" select="$paye-ref"/></xsl:call-template>
       <xsl:call-template name="fact"><xsl:with-param name="name" select="'operator'"/><xsl:with-param name="value" select="$log/@Operator"/></xsl:call-template>
       <xsl:call-template name="fact"><xsl:with-param name="name" select="'mode'"/><xsl:with-param name="value" select="$log/@SubmissionModeDescr"/></xsl:call-template>
+      <fact name="local"><xsl:value-of select="$is-local"/></fact>
       <fact name="test"><xsl:value-of select="$is-test"/></fact>
       <xsl:call-template name="fact"><xsl:with-param name="name" select="'year'"/><xsl:with-param name="value" select="$year"/></xsl:call-template>
       <xsl:call-template name="fact"><xsl:with-param name="name" select="'periods'"/><xsl:with-param name="value" select="$log/SubmissionPeriods"/></xsl:call-template>

@@ -140,7 +140,7 @@ _zelnor() {
       esac
       ;;
     support)
-      options+=" --server --user --password-file"
+      options+=" --server --user --password-file --allow-clear"
       ((count < 1)) && files=yes
       ;;
   esac

@@ -2,20 +2,26 @@
 
 #include "zelnor/cli/interrupt.h"
 #include "zelnor/common/alsAppSettings.h"
+#include "zelnor/common/clsLog.h"
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/documents/clsCompressedEmployees.h"
 #include "zelnor/documents/clsSectionEAS.h"
 #include "zelnor/documents/clsSectionEYU.h"
 #include "zelnor/documents/clsSectionFPS.h"
 #include "zelnor/documents/clsSubmission.h"
+#include "zelnor/platform/failure.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/host.h"
 #include "zelnor/platform/text.h"
 #include "zelnor/validation/clsException.h"
 #include "zelnor/validation/vlsSchemaValidator.h"
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <system_error>
 #include <unistd.h>
 
 namespace zelnor::cli {
@@ -25,13 +31,56 @@ constexpr std::string_view kEnvelopeNamespace = "http://www.govtalk.gov.uk/CM/en
 
 String ShownName(const String& path) { return path == "-" ? "standard input" : path; }
 
+// What is to be done about a document that can't be read.
+String Remedy(const String& path, const XmlParseError& error) {
+  if (error.line > 0 || path == "-") return "Give a file that holds one GovTalk message as well-formed XML.";
+  std::error_code ignored;
+  const std::filesystem::path file(SystemPath(AbsolutePath(path)));
+  if (!std::filesystem::exists(file, ignored)) return "There is no such file: look to its name and folder.";
+  if (std::filesystem::is_directory(file, ignored)) return "It is a folder: name a file in it.";
+  if (access(file.c_str(), R_OK) != 0) return "You have no right to read it: have its owner give you that.";
+  if (std::filesystem::is_regular_file(file, ignored) &&
+      std::filesystem::file_size(file, ignored) > kMaxXmlBytes)
+    return "Send so many employees in several documents.";
+  return "Give a file that holds one GovTalk message as well-formed XML.";
+}
+
+// Why a path can't be used, in more than the error's words where a look tells more.
+String Cause(const String& path, const String& error) {
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(SystemPath(path), ignored) && error == DescriptionOf(75))
+    return "there is a file of that name, or it may not be written";
+  if (std::filesystem::is_directory(SystemPath(path), ignored) && error == DescriptionOf(75))
+    return "it is a folder";
+  return error;
+}
+
+// What is to be done about a path, by the error's words, which are those of its number.
+String RemedyOf(const String& path, const String& error) {
+  if (error == DescriptionOf(76)) {
+    const std::filesystem::path folder = std::filesystem::path(SystemPath(path)).parent_path();
+    std::filesystem::path there = folder;
+    std::error_code ignored;
+    while (there.has_relative_path() && !std::filesystem::exists(there, ignored)) there = there.parent_path();
+    if (!std::filesystem::is_directory(there, ignored))
+      return there.string() + " is no folder: name a file in another.";
+    if (there == folder)
+      return "Nothing can be made in " + folder.string() + ": name a file in another folder.";
+    return "Make the folder " + folder.string() + " first, or name a file in another.";
+  }
+  if (error == DescriptionOf(70)) return "Name a file in a folder where you may write.";
+  if (error == DescriptionOf(61)) return "Make room, or name a file on another disk.";
+  if (error == DescriptionOf(53)) return "Look to its name and folder.";
+  return "Name a plain file that you may write.";
+}
+
 // What went wrong, where, and what to do.
 [[noreturn]] void Refuse(const String& path, const XmlParseError& error) {
   String place = ShownName(path);
   if (error.line > 0) place += ", line " + std::to_string(error.line);
   String message = place + ": " + String(TrimXmlSpace(error.reason));
   if (!error.srcText.empty() && error.line > 0) message += "\n  at: " + String(TrimXmlSpace(error.srcText));
-  message += "\nGive a file that holds one GovTalk message as well-formed XML.";
+  message += "\n" + Remedy(path, error);
   throw CommandError(kUnreadableInput, message);
 }
 
@@ -127,7 +176,13 @@ void Tell(const String& message) { std::fprintf(stderr, "zelnor: %s\n", message.
 
 void PrepareHome(const CommonOptions& options) {
   if (!options.home.empty()) SetProgramFolder(AbsolutePath(options.home));
-  FurnishProgramFolder();
+  try {
+    FurnishProgramFolder();
+  } catch (const RuntimeError& error) {
+    throw CommandError(kUnknownError, "cannot use the program's folder " + ProgramFolder() + ": " +
+                                          Cause(ProgramFolder(), error.Description()) +
+                                          ". Give a folder of your own by --home or ZELNOR_HOME.");
+  }
   RequireWritableHome();
 }
 
@@ -183,10 +238,62 @@ String ReadInto(clsRTIController& controller, const String& path, const XmlDocum
   return place.empty() ? message : message + "\n" + place;
 }
 
+void Touching(const String& path, const char* deed, const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const RuntimeError& error) {
+    throw CommandError(kUnknownError, String("cannot ") + deed + " " + path + ": " +
+                                          Cause(path, error.Description()) + ". " +
+                                          RemedyOf(path, error.Description()));
+  }
+}
+
+void WriteOutput(const String& path, std::string_view bytes) {
+  Touching(path, "write", [&] { WriteFile(path, bytes); });
+}
+
+String LoggedTrouble(clsLog& log, const String& path) {
+  constexpr std::string_view kBegins = "An error occurred while attempting to ";
+  const XmlNode last =
+      log.GetAsXML().SelectSingleNode("LogRecords/*[starts-with(., '" + String(kBegins) + "')][last()]");
+  const String line = last ? last.Text() : String();
+  const std::size_t colon = line.find(": ");
+  if (colon == String::npos) return {};
+  String cause = line.substr(colon + 2);
+  while (cause.ends_with('.')) cause.pop_back();
+  const std::array<Long, 4> of_files = {61, 70, 75, 76};
+  const bool of_the_file = std::any_of(of_files.begin(), of_files.end(),
+                                       [&](Long number) { return cause == DescriptionOf(number); });
+  if (!of_the_file) return "cannot make " + path + ": " + cause + ". The log tells how far it came.";
+  return "cannot write " + path + ": " + Cause(path, cause) + ". " + RemedyOf(path, cause);
+}
+
+String WrittenLog(clsLog& log) {
+  const String path = log.LogFilePath();
+  return log.IsSavedToDate() && PlainFileExists(path) ? SystemPath(path) : String();
+}
+
+String LogLine(const String& written_log) {
+  return "Log      " + (written_log.empty() ? kNoLog : written_log) + "\n";
+}
+
+Json LogAsJson(const String& written_log) { return written_log.empty() ? Json() : Json(written_log); }
+
+void WriteOut(std::string_view text) {
+  errno = 0;
+  const bool taken = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (taken && std::fflush(stdout) == 0) return;
+  const String cause = errno == 0 ? "it is closed" : std::generic_category().message(errno);
+  std::clearerr(stdout);
+  String message = "cannot write standard output: " + cause + ". Make room, or send it to another file.";
+  // What a command has done is done, and its correlation id must not be lost.
+  constexpr std::size_t kShort = 4096;
+  if (text.size() <= kShort) message += "\nThis should stand there:\n" + String(TrimXmlSpace(text));
+  throw CommandError(kUnknownError, message);
+}
+
 void Print(const CommonOptions& options, const Json& json, const String& text) {
-  const String out = options.json ? json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n" : text;
-  std::fwrite(out.data(), 1, out.size(), stdout);
-  std::fflush(stdout);
+  WriteOut(options.json ? json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n" : text);
 }
 
 KeptSetting::KeptSetting(String key) : key_(std::move(key)), value_(alsAppSettings().ReadSetting(key_)) {}

@@ -7,13 +7,16 @@
 #include "zelnor/common/enumerations.h"
 #include "zelnor/platform/xml.h"
 
+#include <functional>
 #include <stdexcept>
+#include <string_view>
 
 #include <nlohmann/json.hpp>
 
 namespace zelnor {
+class clsLog;
 class clsRTIController;
-}
+}  // namespace zelnor
 
 namespace zelnor::cli {
 
@@ -80,7 +83,34 @@ void RefuseToOverwrite(const String& out, const String& file);
 /// employees that can't be read: what is left would pass for a submission of no employees.
 String ReadInto(clsRTIController& controller, const String& path, const XmlDocument& document);
 
-/// Writes the JSON object, or the lines for people, to standard output.
+/// Does what touches a file or folder. An error becomes a CommandError (kUnknownError) "cannot write FILE:
+/// cause. Remedy.", with `deed` in place of "write".
+void Touching(const String& path, const char* deed, const std::function<void()>& body);
+
+/// Writes a file whole, errors as Touching.
+void WriteOutput(const String& path, std::string_view bytes);
+
+/// What the log's last line of a failed save or send tells of the cause, with what to do; empty where it
+/// tells of none. `path` is the file that was to be written.
+String LoggedTrouble(clsLog& log, const String& path);
+
+/// Where the log was written; empty where it couldn't be.
+String WrittenLog(clsLog& log);
+
+/// What is told to people in place of a log that couldn't be written.
+inline constexpr const char* kNoLog = "none: it could not be written";
+
+/// The last line for people: where the log is, or that there is none.
+String LogLine(const String& written_log);
+
+/// The same for other programs: null where there is none.
+Json LogAsJson(const String& written_log);
+
+/// Writes text to standard output. CommandError (kUnknownError) where not all of it arrives; it has
+/// a short text with it.
+void WriteOut(std::string_view text);
+
+/// Writes the JSON object, or the lines for people, to standard output. Errors as WriteOut.
 void Print(const CommonOptions& options, const Json& json, const String& text);
 
 /// A setting that a command changes for its own run; its former value is put back at the end, also after a
@@ -140,6 +170,7 @@ struct SupportOptions {
   String server;
   String user;
   String password_file;
+  bool allow_clear = false;  ///< also to a server that offers no encryption, without asking
 };
 int RunSupport(const CommonOptions& options, const SupportOptions& support);
 

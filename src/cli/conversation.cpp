@@ -200,7 +200,7 @@ Account::Account(clsRTIController& controller)
   from.ControllerStatus.connect([this](const String& stage, const String& detail, Long percent) {
     Note("ControllerStatus", Json::array({stage, detail, percent}));
     if (detail == kProvisional) provisional_ = true;
-    progress_.Show(stage + " " + detail + (percent > 0 ? " " + ToText(percent) + "%" : String()));
+    progress_.Show(stage + " " + detail, percent);
   });
   from.AcknowledgementReceivedFromGateway.connect(
       [this](const String& id) { Note("AcknowledgementReceivedFromGateway", Json::array({id})); });
@@ -269,7 +269,7 @@ Json Account::AsJson(SUBMISSION_RESULT result) {
           {"irmark", {{"base64", mark_.first}, {"base32", mark_.second}}},
           {"events", events_},
           {"files", NewFiles()},
-          {"log", SystemPath(controller_.ProcessingLog()->LogFilePath())}};
+          {"log", LogAsJson(WrittenLog(*controller_.ProcessingLog()))}};
 }
 
 String Account::AsText(SUBMISSION_RESULT result) {
@@ -286,7 +286,8 @@ String Account::AsText(SUBMISSION_RESULT result) {
     row(" ", error["location"].get<String>());
   }
   for (const String& path : NewFiles()) row("File", path);
-  row("Log", SystemPath(controller_.ProcessingLog()->LogFilePath()));
+  const String log = WrittenLog(*controller_.ProcessingLog());
+  row("Log", log.empty() ? kNoLog : log);
   return text;
 }
 

@@ -87,6 +87,9 @@ class Account {
   Account(const Account&) = delete;
   Account& operator=(const Account&) = delete;
 
+  /// Shows this on the progress line.
+  void ShowProgress(const String& text) { progress_.Show(text); }
+
   /// Ends the progress line.
   void EndProgress() { progress_.End(); }
 

@@ -12,10 +12,7 @@ namespace {
 
 // A line at once, for whoever reads along: with --json an object of its own.
 void PrintLine(const CommonOptions& options, const Json& json, const String& text) {
-  const String line =
-      (options.json ? json.dump(-1, ' ', false, Json::error_handler_t::replace) : text) + "\n";
-  std::fwrite(line.data(), 1, line.size(), stdout);
-  std::fflush(stdout);
+  WriteOut((options.json ? json.dump(-1, ' ', false, Json::error_handler_t::replace) : text) + "\n");
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ int RunLogOpen(const CommonOptions& options, const LogOptions& log) {
   const String page = PagePath();
   const String html = report::LogAsHtml(ReadLog(path));
   if (!FolderExists(ResolveProgramPath("\\xml"))) MakeFolder(ResolveProgramPath("\\xml"));
-  WriteFile(page, html);
+  WriteOutput(page, html);
   if (!CurrentHost()->OpenFile({}, page)) {
     throw CommandError(kUnknownError,
                        "No browser could be started: xdg-open is missing. The page is " + page + ".");
@@ -96,7 +96,7 @@ int RunLogPrune(const CommonOptions& options, const LogOptions& log) {
   if (PlainFileExists(PagePath()) && FileDate(PagePath()).Serial() < limit) old.push_back(PagePath());
   String text;
   for (const String& path : old) {
-    if (!log.dry_run) DeleteFile(path);
+    if (!log.dry_run) Touching(path, "delete", [&] { DeleteFile(path); });
     text += (log.dry_run ? "Would delete  " : "Deleted  ") + path + "\n";
   }
   text += fmt::format("{} {}, {} kept\n", old.size(), log.dry_run ? "to delete" : "deleted", kept.size());

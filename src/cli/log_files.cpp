@@ -105,6 +105,7 @@ Json JsonOf(const report::LogFacts& facts) {
   json["operator"] = OrNull(facts.op);
   json["mode"] = OrNull(facts.mode);
   json["test"] = facts.test;
+  json["local"] = facts.local;
   json["tax_year"] = OrNull(facts.year);
   json["periods"] = OrNull(facts.periods);
   json["correlation_id"] = OrNull(facts.correlation_id);

@@ -4,19 +4,46 @@
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/host.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <iostream>
 #include <malloc.h>
+#include <sstream>
 
 #include <CLI/CLI.hpp>
 
 namespace zelnor::cli {
 namespace {
 
+// The error as JSON for whoever asked for that; where it can't be written, standard error has told it
+// already.
+void PrintError(const CommonOptions& options, const String& message) {
+  if (!options.json) return;
+  try {
+    Print(options, {{"error", message}}, {});
+  } catch (const CommandError& error) {
+    Tell(error.what());
+  }
+}
+
 int ReportFailure(const CommonOptions& options, const String& message, ExitStatus status) {
   Tell(message);
-  if (options.json) Print(options, {{"error", message}}, {});
+  PrintError(options, message);
   return status;
+}
+
+// What is wrong with the command line. A word where a command should stand is named.
+String Complaint(const CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<String> left = app.remaining(true);
+  const auto word =
+      std::find_if(left.begin(), left.end(), [](const String& each) { return !each.starts_with('-'); });
+  if (error.get_name() != "RequiredError" || word == left.end() ||
+      String(error.what()).find("subcommand") == String::npos)
+    return error.what();
+  String inside;
+  for (const CLI::App* chosen : app.get_subcommands()) inside += " " + chosen->get_name();
+  return "\"" + *word + "\" is no command of zelnor" + inside + ".";
 }
 
 void AddGatewayOptions(CLI::App& command, GatewayOptions& options) {
@@ -38,6 +65,15 @@ void AddGatewayOptions(CLI::App& command, GatewayOptions& options) {
       ->type_name("F");
   command.add_flag("--no-connection-test", options.no_connection_test,
                    "Try it even where the machine seems to be offline");
+}
+
+// The options of every command, which only the program's own help lists.
+void AddFooter(CLI::App& command) {
+  const String before = command.get_footer();
+  command.footer((before.empty() ? String() : before + "\n") +
+                 "Every command takes --home DIR, the program's folder, and --json, for one JSON object on "
+                 "standard output.");
+  for (CLI::App* below : command.get_subcommands({})) AddFooter(*below);
 }
 
 int Run(int argc, char** argv) {
@@ -150,7 +186,10 @@ int Run(int argc, char** argv) {
   gateway->add_option("--tls", gateway_options.tls, "Speak https with this certificate and key (PEM files)")
       ->expected(2)
       ->type_name("CERT KEY");
-  gateway->add_option("--scenario", gateway_options.scenario, "What to answer, line by line; see zelnor(1)")
+  gateway
+      ->add_option("--scenario", gateway_options.scenario,
+                   "What to answer, line by line, as docs/guide/local-gateway.md tells; Debian has it in "
+                   "/usr/share/doc/libzelnor-dev")
       ->type_name("FILE");
   gateway->add_option("--record", gateway_options.record, "A folder for each request and answer")
       ->type_name("DIR");
@@ -213,13 +252,33 @@ int Run(int argc, char** argv) {
                    "$ZELNOR_PASSWORD, else the program asks")
       ->type_name("F");
 
+  support->add_flag(
+      "--allow-clear", support_options.allow_clear,
+      "Also to a server that offers no encryption. Without it the program asks on a terminal, and else "
+      "refuses");
+  support->footer(
+      support->get_footer() +
+      "\n"
+      "The archive holds people's data and, where the document has one, the sender's password for HMRC's "
+      "gateway.");
+
+  for (CLI::App* command : app.get_subcommands({})) AddFooter(*command);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
-    return app.exit(success);
+    std::ostringstream text;
+    app.exit(success, text, text);
+    try {
+      WriteOut(text.str());
+    } catch (const CommandError& error) {
+      return ReportFailure({}, error.what(), error.Status());
+    }
+    return kSuccessful;
   } catch (const CLI::ParseError& error) {
-    app.exit(error, std::cerr, std::cerr);
-    if (options.json) Print(options, {{"error", error.what()}}, {});
+    const String complaint = Complaint(app, error);
+    std::cerr << complaint << "\nRun with --help for more information.\n";
+    PrintError(options, complaint);
     return kWrongUsage;
   }
   try {

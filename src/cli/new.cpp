@@ -22,7 +22,7 @@ int RunNew(const CommonOptions& options, const String& type, const String& out) 
   if (PlainFileExists(path)) {
     throw CommandError(kWrongUsage, path + " is there already. Name another file, or take that one away.");
   }
-  WriteFile(path, found->text);
+  WriteOutput(path, found->text);
   Print(options, {{"type", UpperCase(type)}, {"path", path}}, "Document " + path + "\n");
   return kSuccessful;
 }

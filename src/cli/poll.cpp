@@ -6,10 +6,17 @@
 namespace zelnor::cli {
 namespace {
 
-// Rests that many seconds; an interrupt ends it.
-void Rest(Long seconds, const ConversationHost& host) {
+// Rests that many seconds, and tells how many are left; an interrupt ends it.
+void Rest(Long seconds, const ConversationHost& host, Account& account) {
   const std::int64_t end = CurrentHost()->Tick() + std::int64_t{1000} * seconds;
-  while (CurrentHost()->Tick() < end && !host.Interrupted()) YieldAndRest();
+  std::int64_t told = -1;
+  for (std::int64_t now = CurrentHost()->Tick(); now < end && !host.Interrupted();
+       now = CurrentHost()->Tick()) {
+    const std::int64_t left = (end - now + 999) / 1000;
+    if (std::exchange(told, left) != left)
+      account.ShowProgress("The answer isn't ready. Polling again in " + std::to_string(left) + " s");
+    YieldAndRest();
+  }
 }
 
 }  // namespace
@@ -39,7 +46,7 @@ int RunPoll(const CommonOptions& options, const PollOptions& poll) {
     result = rti.PollSubmission(poll.document_class, poll.correlation_id, gateway.Mode(), poll.gateway.user,
                                 password);
     if (!poll.wait || result != SUBMISSION_RESULT::Pending || host->Interrupted()) break;
-    Rest(SecondsToPoll(account.ToldInterval(), polls), *host);
+    Rest(SecondsToPoll(account.ToldInterval(), polls), *host, account);
     if (host->Interrupted()) break;
   }
   account.EndProgress();

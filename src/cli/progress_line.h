@@ -14,8 +14,9 @@ class ProgressLine {
   ProgressLine& operator=(const ProgressLine&) = delete;
   ~ProgressLine() { End(); }
 
-  /// Shows a text in place of the one before, cut to the terminal's width.
-  void Show(const String& text);
+  /// Shows a text in place of the one before, cut to the terminal's width; a percentage above 0 stands behind
+  /// it whole.
+  void Show(const String& text, Long percent = 0);
 
   /// Takes the line away.
   void End();

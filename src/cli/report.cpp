@@ -27,7 +27,7 @@ int RunReport(const CommonOptions& options, const ReportOptions& report) {
     return kSuccessful;
   }
   const String out = AbsolutePath(report.out);
-  WriteFile(out, text);
+  WriteOutput(out, text);
   Print(options, {{"report", out}, {"format", format}}, "Report   " + out + "\n");
   return kSuccessful;
 }

@@ -45,15 +45,22 @@ int RunSave(const CommonOptions& options, const SaveOptions& save) {
   const bool saved = rti.SubmissionSaved();
   const String mark = saved ? rti.Submission()->Header()->DocIRMark()->value() : String();
   const String path = saved ? SystemPath(rti.SubmissionFilePath()) : String();
-  const String log = SystemPath(rti.ProcessingLog()->LogFilePath());
-  const Json json = {{"result", NameOf(result)},
-                     {"path", path},
-                     {"irmark", {{"base64", mark}, {"base32", clsSHA1::Base32Of(mark)}}},
-                     {"log", log}};
+  const String log = WrittenLog(*rti.ProcessingLog());
+  Json json = {{"result", NameOf(result)},
+               {"path", path},
+               {"irmark", {{"base64", mark}, {"base32", clsSHA1::Base32Of(mark)}}},
+               {"log", LogAsJson(log)}};
   String text = "Result   " + NameOf(result) + "\n";
   if (saved)
     text += "Saved    " + path + "\nIRmark   " + mark + "\n         " + clsSHA1::Base32Of(mark) + "\n";
-  Print(options, json, text + "Log      " + log + "\n");
+  if (result == SUBMISSION_RESULT::UnknownError) {
+    const String trouble = LoggedTrouble(*rti.ProcessingLog(), out);
+    if (!trouble.empty()) {
+      Tell(trouble);
+      json["error"] = trouble;
+    }
+  }
+  Print(options, json, text + LogLine(log));
   return StatusOf(result);
 }
 

@@ -92,13 +92,27 @@ String People(const String& description, const Json& json) {
   return text + Line("IRmark", mark.empty() ? "none" : mark);
 }
 
+// A message without a document would pass for one of no employees.
+void RequireBody(const XmlDocument& message, const String& file) {
+  for (const XmlNode& child : message.DocumentElement().ChildNodes()) {
+    if (child.BaseName() != "Body") continue;
+    for (const XmlNode& document : child.ChildNodes())
+      if (document.IsElement()) return;
+  }
+  throw CommandError(kUnreadableInput, (file == "-" ? String("standard input") : file) +
+                                           ": the message holds no document: its Body is missing or empty.\n"
+                                           "Give the whole message, as it was saved.");
+}
+
 }  // namespace
 
 int RunShow(const CommonOptions& options, const String& file) {
   PrepareHome(options);
   clsRTIController rti;
   rti.LogThisSession(false);
-  const String unread = ReadInto(rti, file, ReadMessage(file));
+  const XmlDocument document = ReadMessage(file);
+  RequireBody(document, file);
+  const String unread = ReadInto(rti, file, document);
   if (!unread.empty()) Tell(unread + "\nThe figures are those of the rest.");
   const Ref<clsSubmission> submission = rti.Submission();
   const Facts facts = FactsOf(*submission);

@@ -107,7 +107,7 @@ Json AsJson(const Findings& found) {
           {"stages", stages},
           {"employees", {{"checked", found.checked}, {"valid", found.passed}, {"invalid", found.failed}}},
           {"errors", found.errors},
-          {"log", found.log}};
+          {"log", LogAsJson(found.log)}};
 }
 
 // Calls `body` with each error and its inner ones, with the depth.
@@ -150,7 +150,8 @@ String AsText(const Findings& found) {
   if (found.checked > 0) {
     summary += ", " + ToText(found.passed) + " of " + ToText(found.checked) + " employees without any";
   }
-  return text + (text.empty() ? "" : "\n") + summary + "\nLog  " + found.log + "\n";
+  return text + (text.empty() ? "" : "\n") + summary + "\nLog  " + (found.log.empty() ? kNoLog : found.log) +
+         "\n";
 }
 
 String CsvField(const String& text) {
@@ -318,7 +319,7 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   found.checked = rti.EmployeeValidator()->EmployeesChecked();
   found.passed = rti.EmployeeValidator()->ValidEmployees();
   found.failed = rti.EmployeeValidator()->InvalidEmployees();
-  found.log = SystemPath(rti.ProcessingLog()->LogFilePath());
+  found.log = WrittenLog(*rti.ProcessingLog());
   if (format == "json") {
     CommonOptions as_json = options;
     as_json.json = true;

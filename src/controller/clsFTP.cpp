@@ -70,12 +70,14 @@ bool clsFTP::OpenConnection(const String& sServer, const String& sUser, const St
   auto connection = std::make_unique<FtpConnection>();
   if (connect_limit_ != 0) connection->connect_limit = std::chrono::milliseconds(connect_limit_);
   if (silence_limit_ != 0) connection->silence_limit = std::chrono::milliseconds(silence_limit_);
+  connection->protected_only = protected_only_;
   connection->stop = stop_;
   connection_ = std::move(connection);
   const bool result = Attempt("InternetConnect", [&](FtpConnection& ftp) {
     return ftp.Open(sServer, sUser, sPassword, passive_flag_ == kPassiveFlag);
   });
   was_protected_ = result && connection_->Protected();
+  left_unprotected_ = !result && connection_ && connection_->LeftUnprotected();
   if (!result) CloseConnection();
   return result;
 }

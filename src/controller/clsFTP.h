@@ -125,6 +125,13 @@ class ZELNOR_API clsFTP {
   /// Whether the last connection was under TLS.
   ZELNOR_INTERNAL bool WasProtected() const { return was_protected_; }
 
+  /// Has the next connections go under TLS or not come about: a server that offers none is left before the
+  /// login, with code 12029.
+  ZELNOR_INTERNAL void ProtectedOnly(bool value) { protected_only_ = value; }
+
+  /// Whether the last connection did not come about for that.
+  ZELNOR_INTERNAL bool LeftUnprotected() const { return left_unprotected_; }
+
   /// Asked again and again while the server is waited for; True breaks the operation off.
   ZELNOR_INTERNAL void StopWhen(std::function<bool()> stop) { stop_ = std::move(stop); }
 
@@ -151,6 +158,8 @@ class ZELNOR_API clsFTP {
   eFTPTransferTypes transfer_type_ = eFTPTransferTypes::FTP_ASCII;
   Long passive_flag_ = 0;
   bool was_protected_ = false;
+  bool protected_only_ = false;
+  bool left_unprotected_ = false;
   bool busy_ = false;
   bool close_when_idle_ = false;
   std::exception_ptr handler_error_;

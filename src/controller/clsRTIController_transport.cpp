@@ -75,6 +75,7 @@ void clsRTIController::HoldTransport() {
     // The event follows upon the mark: what is logged there need not be copied once more.
     const XmlNode root = RootOf(mobjGovTalkMessage);
     if (std::exchange(logged_root_, nullptr) != root) Required(log_).AddSubmission(root);
+    SaveLog();  // a crash while the gateway is waited for must leave the word that it may have the document
   });
   from.SendingError.connect(
       [this](const String& reason) { Tell("Error sending document: " + reason, kError); });

@@ -151,6 +151,7 @@ class FtpConnection::Session {
 
   FtpOutcome Open(const String& server, const String& user, const String& password, bool passive);
   bool Protected() const { return secure_; }
+  bool LeftUnprotected() const { return !secure_ && result_ == CURLE_USE_SSL_FAILED; }
   FtpOutcome Command(const String& text);
   FtpOutcome Transfer(const String& remote, bool ascii, const Source* source, const Sink* sink);
   FtpOutcome Size(const String& remote, std::int64_t& size);
@@ -255,7 +256,7 @@ void FtpConnection::Session::SetOptions(bool passive) {
   Set(CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
   Set(CURLOPT_IGNORE_CONTENT_LENGTH, 1L);  // no size query of the library's own
 
-  Set(CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
+  Set(CURLOPT_USE_SSL, static_cast<long>(owner_.protected_only ? CURLUSESSL_ALL : CURLUSESSL_TRY));
   Set(CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
   // Servers want the files' connections to take up the session of the commands' one, as a proof that both are
   // the same client's. Under TLS 1.3, whose tickets serve once, they refuse the second file.
@@ -557,6 +558,8 @@ FtpOutcome FtpConnection::Open(const String& server, const String& user, const S
 }
 
 bool FtpConnection::Protected() const { return session_->Protected(); }
+
+bool FtpConnection::LeftUnprotected() const { return session_->LeftUnprotected(); }
 
 FtpOutcome FtpConnection::Command(const String& text) { return session_->Command(text); }
 

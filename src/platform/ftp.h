@@ -60,6 +60,9 @@ class ZELNOR_INTERNAL FtpConnection {
   std::chrono::milliseconds connect_limit{60'000};
   std::chrono::milliseconds silence_limit{300'000};
 
+  /// Nothing goes in the clear: a server that offers no TLS is left before the login.
+  bool protected_only = false;
+
   /// Asked again and again while the server is waited for; True breaks the operation off.
   std::function<bool()> stop;
 
@@ -69,6 +72,9 @@ class ZELNOR_INTERNAL FtpConnection {
 
   /// Whether commands and files go under TLS.
   bool Protected() const;
+
+  /// Whether the server was left since it offers no TLS.
+  bool LeftUnprotected() const;
 
   /// Sends one command and takes its reply. Raises error 5 for a text with control characters.
   FtpOutcome Command(const String& text);

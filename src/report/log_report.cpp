@@ -62,6 +62,7 @@ void TakeFact(LogFacts& facts, const String& name, const String& value) {
                                             {"began", &facts.began},
                                             {"took", &facts.took}};
   if (name == "test") facts.test = value == "true";
+  if (name == "local") facts.local = value == "true";
   if (const auto field = fields.find(name); field != fields.end()) *field->second = value;
 }
 
@@ -152,10 +153,12 @@ String FactsAsText(const LogFacts& facts, Order order) {
   text += Line("Tax year", facts.year) + Line("Periods", facts.periods);
   text += Line("Correlation ID", facts.correlation_id);
   text += Line("IRmark", InGroups(facts.base32)) + Line("", facts.base64);
-  if (facts.receipt == "same") text += Line("", "HMRC's receipt bears the same mark.");
-  if (facts.receipt == "other") text += Line("", "HMRC's receipt bears ANOTHER mark.");
+  const String whose = facts.local ? "The local gateway's" : "HMRC's";
+  if (facts.receipt == "same") text += Line("", whose + " receipt bears the same mark.");
+  if (facts.receipt == "other") text += Line("", whose + " receipt bears ANOTHER mark.");
   text += Line("Began", facts.began) + Line("Took", facts.took);
-  text += SectionOfFindings(facts, true, "What HMRC found", order);
+  text +=
+      SectionOfFindings(facts, true, facts.local ? "What the local gateway found" : "What HMRC found", order);
   text += SectionOfFindings(facts, false, "What the check before sending found", order);
   if (!facts.messages.empty()) text += "\nMessages\n";
   for (const Message& message : facts.messages) {

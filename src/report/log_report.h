@@ -44,7 +44,7 @@ struct Message {
 /// A log in facts.
 struct LogFacts {
   /// One of accepted, pending, refused, connection, invalid, cancelled, error, failed, saved, saved-invalid,
-  /// checked, none.
+  /// checked, unanswered (handed to a gateway, and nothing known of what came of that), none.
   String outcome;
   String headline;
   String advice;
@@ -54,6 +54,7 @@ struct LogFacts {
   String op;        ///< the operator
   String mode;
   bool test = false;
+  bool local = false;  ///< all messages went to gateways on this machine: a rehearsal
   String year;
   String periods;
   String correlation_id;

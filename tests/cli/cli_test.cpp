@@ -281,7 +281,7 @@ TEST_F(CliTest, ThreeHundredMegabytesAreRefused) {
 TEST_F(CliTest, TwoHundredMegabytesAreRead) {
   String text = "<GovTalkMessage xmlns=\"http://www.govtalk.gov.uk/CM/envelope\"><Header/><!--";
   text.append(200ULL * 1024 * 1024, 'x');
-  text += "--><Body/></GovTalkMessage>";
+  text += "--><Body><a/></Body></GovTalkMessage>";
   const Outcome run = Run("show --json " + Input(text));
   EXPECT_EQ(run.status, 0) << run.err.substr(0, 500);
   EXPECT_EQ(json::parse(run.out)["type"], "UNK");

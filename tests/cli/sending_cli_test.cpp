@@ -111,6 +111,29 @@ TEST_F(SendingCliTest, SendGoesThroughTheLocalGateway) {
                                                    "delete.xml", "deleteOriginal.xml"));
 }
 
+TEST_F(SendingCliTest, ASendThatIsKilledWhileItsPostWaitsLeavesTheWordThatItMayHaveArrived) {
+  const GatewayProcess gateway(folder_,
+                               "--scenario " + Quoted(folder_.Put("scenario", "submission: stall before\n")));
+  // The gateway has the document when it tells of the exchange.
+  const String send = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + Send(gateway.Options()) +
+                      " >/dev/null 2>&1 & echo $! >'" + folder_.At("pid") + "'";
+  ASSERT_EQ(std::system(send.c_str()), 0);
+  const auto is_handed = [&] { return gateway.Text().find("submission request") != String::npos; };
+  for (int turn = 0; turn < 3000 && !is_handed(); ++turn) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  ASSERT_TRUE(is_handed()) << gateway.Text();
+  ASSERT_EQ(kill(std::stoi(folder_.Get("pid")), SIGKILL), 0);
+  const Outcome listed = Run("log list --json");
+  const json logs = json::parse(listed.out)["logs"];
+  ASSERT_EQ(logs.size(), 1U) << listed.out;
+  EXPECT_EQ(logs[0]["result"], "unanswered");
+  const json told = json::parse(Run("report --json " + Quoted(logs[0]["path"])).out);
+  EXPECT_THAT(told["advice"].get<String>(),
+              HasSubstr("HMRC may have it. Do not send it again before you have asked"));
+  EXPECT_EQ(told["paye_ref"].is_null(), false) << "and whose it is";
+}
+
 TEST_F(SendingCliTest, TheAddressesOfARunDontStayInTheSettings) {
   Run(Send(""));
   EXPECT_THAT(Settings(), Not(HasSubstr("127.0.0.1")));

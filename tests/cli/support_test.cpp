@@ -1,6 +1,7 @@
 // `zelnor support` as a person and as another program runs it.
 
 #include "zelnor/platform/files.h"
+#include "zelnor/platform/text.h"
 
 #include <csignal>
 #include <pty.h>
@@ -19,6 +20,7 @@ namespace zelnor::test {
 namespace {
 
 using nlohmann::json;
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -39,7 +41,10 @@ class SupportCommandTest : public testing::Test {
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder_.Get("out.txt"), folder_.Get("err.txt")};
   }
 
-  String Arguments() const { return "support '" + file_ + "' --server " + server_.Address() + " --user ann"; }
+  String Arguments() const { return Strict() + " --allow-clear"; }
+
+  // Only under encryption, which this server doesn't offer.
+  String Strict() const { return "support '" + file_ + "' --server " + server_.Address() + " --user ann"; }
 
   void ExpectArrived() const {
     const auto files = server_.Files();
@@ -67,7 +72,7 @@ TEST_F(SupportCommandTest, SendsTheFileAndALog) {
   EXPECT_EQ(sent["bytes"], server_.Files().begin()->second.size());
   EXPECT_EQ(sent["encrypted"], false);
   EXPECT_THAT(ReadFile(sent["log"].get<String>()), HasSubstr("FTP upload succeeded."));
-  EXPECT_EQ(run.err, "") << "no progress where nobody looks on";
+  EXPECT_THAT(run.err, Not(HasSubstr("%"))) << "no progress where nobody looks on";
 }
 
 TEST_F(SupportCommandTest, SpeaksToPeopleToo) {
@@ -75,6 +80,33 @@ TEST_F(SupportCommandTest, SpeaksToPeopleToo) {
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_THAT(run.out, HasSubstr("Result   Successful\nSent     "));
   EXPECT_THAT(run.out, HasSubstr("in the clear: the server offers no encryption"));
+}
+
+TEST_F(SupportCommandTest, TellsWhatGoesBeforeAnyOfItDoes) {
+  const String unreachable =
+      "support '" + file_ + "' --user ann --server 127.0.0.1:" + std::to_string(FreePort());
+  const Outcome strict = Run(unreachable, "ZELNOR_PASSWORD=secret");
+  EXPECT_THAT(strict.err,
+              AllOf(HasSubstr("people's data"), HasSubstr("the sender's password for HMRC's gateway"),
+                    HasSubstr("under encryption only")));
+  EXPECT_THAT(Run(unreachable + " --allow-clear", "ZELNOR_PASSWORD=secret").err,
+              HasSubstr("in the clear if the server offers no encryption"));
+  const String bare =
+      folder_.Put("bare.xml", Replace(ReadFile(file_), "<Value>not-a-real-password</Value>", "<Value/>"));
+  const Outcome without =
+      Run("support '" + bare + "' --user ann --server 127.0.0.1:" + std::to_string(FreePort()),
+          "ZELNOR_PASSWORD=secret");
+  EXPECT_THAT(without.err, AllOf(HasSubstr("people's data"), Not(HasSubstr("sender's password"))));
+}
+
+TEST_F(SupportCommandTest, GoesInTheClearOnlyWhereThatIsAllowed) {
+  const Outcome run = Run("--json " + Strict(), "ZELNOR_PASSWORD=secret setsid -w");
+  EXPECT_EQ(run.status, 13);
+  EXPECT_THAT(run.err, AllOf(HasSubstr("offers no encryption"), HasSubstr("--allow-clear")));
+  EXPECT_THAT(json::parse(run.out)["error"].get<String>(), HasSubstr("offers no encryption"));
+  EXPECT_EQ(Run(Strict(), "ZELNOR_PASSWORD=secret setsid -w").status, 13);
+  EXPECT_EQ(server_.Count("USER") + server_.Count("PASS") + server_.Count("STOR"), 0U)
+      << "not even the login";
 }
 
 TEST_F(SupportCommandTest, TakesThePasswordFromAFile) {
@@ -144,7 +176,7 @@ TEST_F(SupportCommandTest, NobodyThereIsAFailedConnection) {
       Run("support '" + file_ + "' --server 127.0.0.1:" + std::to_string(FreePort()) + " --user ann",
           "ZELNOR_PASSWORD=secret");
   EXPECT_EQ(run.status, 13);
-  EXPECT_THAT(run.err, HasSubstr("12029"));
+  EXPECT_THAT(run.err, AllOf(HasSubstr("12029"), Not(HasSubstr("--allow-clear"))));
 }
 
 TEST_F(SupportCommandTest, AnInterruptBreaksTheWaitOff) {
@@ -172,7 +204,8 @@ TEST_F(SupportCommandTest, IsEncryptedWhereTheServerOffersIt) {
 // A person at a terminal: what the program shows there, and its status.
 class AtATerminal : public SupportCommandTest {
  protected:
-  std::pair<int, String> RunAndType(const String& prompt, const String& typed) const {
+  // Types each answer when its prompt has been shown.
+  std::pair<int, String> RunAndType(std::vector<std::pair<String, String>> answers) const {
     int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
     if (child == 0) {
@@ -185,11 +218,13 @@ class AtATerminal : public SupportCommandTest {
     }
     String shown;
     char bytes[512];
-    bool answered = false;
+    std::size_t from = 0;
     for (ssize_t count = 0; (count = read(terminal, bytes, sizeof bytes)) > 0;) {
       shown.append(bytes, static_cast<std::size_t>(count));
-      if (answered || shown.find(prompt) == String::npos) continue;
-      answered = true;
+      if (answers.empty() || shown.find(answers.front().first, from) == String::npos) continue;
+      const String typed = answers.front().second;
+      answers.erase(answers.begin());
+      from = shown.size();
       EXPECT_EQ(write(terminal, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
     }
     close(terminal);
@@ -200,15 +235,23 @@ class AtATerminal : public SupportCommandTest {
 };
 
 TEST_F(AtATerminal, TheProgramAsksForThePasswordAndDoesNotShowIt) {
-  const auto [status, shown] = RunAndType("Password: ", "secret\n");
+  const auto [status, shown] = RunAndType({{"Password: ", "secret\n"}, {"[y/N] ", "y\n"}});
   EXPECT_EQ(status, 0) << shown;
   EXPECT_THAT(shown, Not(HasSubstr("secret")));
   EXPECT_THAT(shown, HasSubstr("(100%)"));
   ExpectArrived();
 }
 
+TEST_F(AtATerminal, WithoutAYesNothingGoesInTheClear) {
+  for (const char* answer : {"\n", "n\n", "what\n"}) {
+    const auto [status, shown] = RunAndType({{"Password: ", "secret\n"}, {"[y/N] ", answer}});
+    EXPECT_EQ(status, 13) << shown;
+  }
+  EXPECT_EQ(server_.Count("USER") + server_.Count("PASS"), 0U);
+}
+
 TEST_F(AtATerminal, TheQuestionCanBeLeft) {
-  const auto [status, shown] = RunAndType("Password: ", "\x03");
+  const auto [status, shown] = RunAndType({{"Password: ", "\x03"}});
   EXPECT_EQ(status, 128 + SIGINT) << shown;
   EXPECT_EQ(server_.Commands().size(), 0U);
 }

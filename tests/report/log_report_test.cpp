@@ -123,15 +123,73 @@ TEST_F(LogReport, TheDocumentTellsWhatTheLogDoesNot) {
 TEST_F(LogReport, AGatewayOnThisMachineIsNotHmrc) {
   session_->WasAccepted();
   const String accepted = session_->Document().DocumentElement().Xml();
-  for (const char* address : {"http://127.0.0.1:4711/submission", "http://[::1]:4711/submission",
-                              "https://localhost:4711/submission"}) {
+  for (const char* address : {"http://127.0.0.1:4711", "http://[::1]:4711", "https://localhost:4711"}) {
     const XmlDocument log;
-    ASSERT_TRUE(
-        log.LoadXML(Replace(accepted, "https://transaction-engine.tax.service.gov.uk/submission", address)));
+    ASSERT_TRUE(log.LoadXML(Replace(accepted, "https://transaction-engine.tax.service.gov.uk", address)));
     const LogFacts facts = FactsOfLog(log);
     EXPECT_EQ(facts.headline, "A gateway on this machine has accepted the Full Payment Submission")
         << address;
     EXPECT_EQ(facts.advice, "This was a rehearsal: nothing reached HMRC.");
+  }
+}
+
+TEST_F(LogReport, ARehearsalNamesNobodyElseAsTheReceiver) {
+  const auto rehearsal = [&] {
+    String log = session_->Document().DocumentElement().Xml();
+    for (const char* path : {"submission", "poll"})
+      log = Replace(log, String("Url=\"https://transaction-engine.tax.service.gov.uk/") + path,
+                    String("Url=\"http://127.0.0.1:4711/") + path);
+    return log;
+  };
+  const auto read = [](const String& text) {
+    const XmlDocument log;
+    EXPECT_TRUE(log.LoadXML(text));
+    return log;
+  };
+  session_->WasAccepted();
+  XmlDocument log = read(rehearsal());
+  EXPECT_TRUE(FactsOfLog(log).local);
+  EXPECT_FALSE(Facts().local);
+  for (const String& told : {FactsAsText(FactsOfLog(log)), LogAsHtml(log)}) {
+    EXPECT_THAT(told, HasSubstr("Sent the Full Payment Submission to the gateway on this machine"));
+    EXPECT_THAT(told, HasSubstr("he gateway on this machine has accepted it"));
+    for (const char* word :
+         {"to HMRC", "HMRC has", "From HMRC", "To HMRC", "HMRC\u2019s receipt", "HMRC's receipt"})
+      EXPECT_THAT(told, Not(HasSubstr(word)));
+  }
+  session_->WasRefused(2);
+  log = read(rehearsal());
+  for (const String& told : {FactsAsText(FactsOfLog(log)), LogAsHtml(log)}) {
+    for (const char* word : {"HMRC has", "What HMRC found", "Errors from HMRC"})
+      EXPECT_THAT(told, Not(HasSubstr(word)));
+  }
+}
+
+TEST_F(LogReport, OneMessageToAnotherMachineMakesItNoRehearsal) {
+  session_->WasAccepted();
+  const String accepted = session_->Document().DocumentElement().Xml();
+  const String all = "https://transaction-engine.tax.service.gov.uk/submission";
+  for (const char* address :
+       {"http://127.0.0.1:4711/submission", "http://127.0.0.1.example.org/submission",
+        "http://127.0.0.1:80@example.org/submission", "http://localhost.example.org/"}) {
+    const XmlDocument log;
+    ASSERT_TRUE(log.LoadXML(Replace(accepted, all, address)));
+    EXPECT_FALSE(FactsOfLog(log).local) << "polled elsewhere, or " << address;
+  }
+  for (const char* address : {"http://127.0.0.1.example.org/x", "http://127.0.0.1:80@example.org/x",
+                              "http://localhost.example.org/", "http://example.org?http://localhost/",
+                              "http://[::1].example.org/", "http://127.0.0.1.2/"}) {
+    const XmlDocument log;
+    ASSERT_TRUE(log.LoadXML(Replace(Replace(accepted, all, address),
+                                    "https://transaction-engine.tax.service.gov.uk/poll", address)));
+    EXPECT_FALSE(FactsOfLog(log).local) << address;
+  }
+  for (const char* address :
+       {"http://127.0.0.1/x", "https://LOCALHOST:1/", "http://[::1]", "http://127.1.2.3?x"}) {
+    const XmlDocument log;
+    ASSERT_TRUE(log.LoadXML(Replace(Replace(accepted, all, address),
+                                    "https://transaction-engine.tax.service.gov.uk/poll", address)));
+    EXPECT_TRUE(FactsOfLog(log).local) << address;
   }
 }
 
@@ -229,6 +287,43 @@ TEST_F(LogReport, AConnectionLostAfterTheAcknowledgement) {
 TEST_F(LogReport, AConnectionThatFailedAfterSendingLeavesADoubt) {
   session_->Checked().Out(Request()).Say("Submission result: Connection Failed");
   EXPECT_THAT(Facts().advice, HasSubstr("find out whether HMRC has it"));
+}
+
+TEST_F(LogReport, ASendThatBrokeOffBeforeItsAnswerMayHaveArrived) {
+  session_->Say("Validation completed at 10:11:12").Marked().Made(Request());
+  EXPECT_EQ(Facts().outcome, "checked");
+  session_->Say("Submitting document to Government Gateway at 05/04/2017 10:11:14", 2);
+  session_->Say("Attempting to send... attempt 1 of 3");
+  const LogFacts facts = Facts();
+  EXPECT_EQ(facts.outcome, "unanswered");
+  EXPECT_EQ(facts.headline, "The Full Payment Submission may have been sent: no answer is recorded");
+  EXPECT_THAT(facts.advice,
+              AllOf(HasSubstr("handed to the gateway at 10:11:14 on 5 April 2017, and no answer is recorded"),
+                    HasSubstr("HMRC may have it. Do not send it again before you have asked HMRC")));
+  EXPECT_THAT(Html(), AllOf(HasSubstr(facts.headline), Not(HasSubstr("Nothing was exchanged"))));
+}
+
+TEST_F(LogReport, AnAnswerOrAnEndDecidesOverTheHandingOver) {
+  const String handed = "Submitting document to Government Gateway at 05/04/2017 10:11:14";
+  session_->Checked().Marked().Made(Request()).Say(handed).Out(Request());
+  EXPECT_EQ(Facts().outcome, "unanswered");
+  session_->In(GatewayRefusal("1046", "Authentication Failure."), 1);
+  EXPECT_EQ(Facts().outcome, "refused");
+  session_->Say(handed);
+  EXPECT_EQ(Facts().outcome, "unanswered") << "a second send in the same session";
+  session_->Say("Submission result: Send Failed");
+  EXPECT_EQ(Facts().outcome, "refused");
+  session_->Say(handed).Say("Send cancelled by user at 10:11:15");
+  EXPECT_NE(Facts().outcome, "unanswered");
+}
+
+TEST_F(LogReport, AConnectionThatFailedAfterTheHandingOverLeavesADoubt) {
+  session_->Say("Submitting document to Government Gateway at 05/04/2017 10:11:14");
+  session_->FoundNoConnection();
+  EXPECT_EQ(Facts().outcome, "connection");
+  EXPECT_THAT(Facts().advice,
+              AllOf(HasSubstr("handed to the gateway at 10:11:12"), HasSubstr("HMRC may have it"),
+                    HasSubstr("ask HMRC before you send it again")));
 }
 
 TEST_F(LogReport, AFaultOfHmrcsIsNotForThePersonToPutRight) {
