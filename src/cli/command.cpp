@@ -1,7 +1,6 @@
 #include "zelnor/cli/command.h"
 
 #include "zelnor/cli/interrupt.h"
-#include "zelnor/common/alsAppSettings.h"
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/documents/clsCompressedEmployees.h"
 #include "zelnor/documents/clsSectionEAS.h"
@@ -187,13 +186,6 @@ void Print(const CommonOptions& options, const Json& json, const String& text) {
   const String out = options.json ? json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n" : text;
   std::fwrite(out.data(), 1, out.size(), stdout);
   std::fflush(stdout);
-}
-
-KeptSetting::KeptSetting(String key) : key_(std::move(key)), value_(alsAppSettings().ReadSetting(key_)) {}
-
-KeptSetting::~KeptSetting() {
-  alsAppSettings settings;
-  if (settings.ReadSetting(key_) != value_) settings.SetSetting(key_, value_);
 }
 
 }  // namespace zelnor::cli

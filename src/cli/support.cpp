@@ -8,7 +8,10 @@
 #include "zelnor/documents/clsSubmission.h"
 #include "zelnor/platform/files.h"
 
+#include <arpa/inet.h>
+#include <cctype>
 #include <cstdio>
+#include <filesystem>
 #include <unistd.h>
 
 namespace zelnor::cli {
@@ -40,6 +43,65 @@ class Progress {
   Subscription subscription_;
 };
 
+[[noreturn]] void RefuseServer(const String& server, const String& reason) {
+  throw CommandError(kWrongUsage,
+                     "--server: " + (server.empty() ? String() : "\"" + server + "\": ") + reason +
+                         " Give it as HOST or HOST:PORT; an IPv6 address with a port stands in [].");
+}
+
+void RequireHost(const String& server, const String& host) {
+  if (host.empty()) RefuseServer(server, "the name of the server is missing.");
+  for (const char c : host) {
+    const bool of_a_name = std::isalnum(static_cast<unsigned char>(c)) != 0 ||
+                           static_cast<signed char>(c) < 0 || c == '.' || c == '-' || c == '_';
+    if (!of_a_name) RefuseServer(server, "\"" + String(1, c) + "\" is in no server's name.");
+  }
+}
+
+void RequirePort(const String& server, const String& port) {
+  const bool number =
+      !port.empty() && port.size() <= 5 && port.find_first_not_of("0123456789") == String::npos;
+  if (!number || std::stoi(port) < 1 || std::stoi(port) > 65535)
+    RefuseServer(server, "the port \"" + port + "\" is no number from 1 to 65535.");
+}
+
+// What can't be a server is told before anything is read, made or asked for.
+void RequireServer(const String& server) {
+  if (server.find("://") != String::npos) RefuseServer(server, "leave the \"ftp://\" out.");
+  in6_addr address{};
+  if (inet_pton(AF_INET6, server.c_str(), &address) == 1) return;
+  if (server.starts_with('[')) {
+    const std::size_t end = server.find(']');
+    if (end == String::npos || inet_pton(AF_INET6, server.substr(1, end - 1).c_str(), &address) != 1)
+      RefuseServer(server, "what stands in [] is no IPv6 address.");
+    const String behind = server.substr(end + 1);
+    if (behind.empty()) return;
+    if (!behind.starts_with(':')) RefuseServer(server, "only a port may stand behind the ].");
+    RequirePort(server, behind.substr(1));
+    return;
+  }
+  const std::size_t colon = server.find(':');
+  RequireHost(server, server.substr(0, colon));
+  if (colon != String::npos) RequirePort(server, server.substr(colon + 1));
+}
+
+// The folder in which the archive is made, where this run is the one to need it: it goes with the archive.
+class ArchiveFolder {
+ public:
+  ArchiveFolder()
+      : path_(SystemPath(ProgramFolder() + "/temp")), was_there_(std::filesystem::exists(path_)) {}
+  ArchiveFolder(const ArchiveFolder&) = delete;
+  ArchiveFolder& operator=(const ArchiveFolder&) = delete;
+  ~ArchiveFolder() {
+    std::error_code not_empty;
+    if (!was_there_) std::filesystem::remove(path_, not_empty);
+  }
+
+ private:
+  std::filesystem::path path_;
+  bool was_there_;
+};
+
 // A failure of the way there can be tried again; a refusal wants something changed first.
 SUBMISSION_RESULT ResultOf(bool sent, Long code) {
   if (sent) return SUBMISSION_RESULT::Successful;
@@ -60,6 +122,7 @@ SUBMISSION_RESULT ResultOf(bool sent, Long code) {
 }  // namespace
 
 int RunSupport(const CommonOptions& options, const SupportOptions& support) {
+  RequireServer(support.server);
   if (support.file == "-") {
     throw CommandError(kWrongUsage, "Standard input can't be sent. Give the file of the saved submission.");
   }
@@ -82,6 +145,7 @@ int RunSupport(const CommonOptions& options, const SupportOptions& support) {
   clsRTIController::SupportUpload upload;
   Long bytes = 0;
   {
+    const ArchiveFolder folder;
     const Progress progress(ftp, !options.json && isatty(STDERR_FILENO) != 0);
     upload = rti.SendToSupport(ftp, support.server, support.user, password);
     bytes = progress.Total();

@@ -3,6 +3,7 @@
 #include "zelnor/platform/files.h"
 
 #include <csignal>
+#include <filesystem>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -113,6 +114,40 @@ TEST_F(SupportCommandTest, WrongUsageIsTwo) {
   EXPECT_EQ(Run("support a.xml --user ann").status, 2);
   EXPECT_EQ(Run(Arguments() + " --password secret").status, 2) << "never as an argument";
   EXPECT_EQ(Run("support - --server localhost --user ann", "ZELNOR_PASSWORD=secret").status, 2);
+}
+
+TEST_F(SupportCommandTest, AServerThatCannotBeOneIsWrongUsage) {
+  for (const auto& [server, reason] : std::initializer_list<std::pair<String, String>>{
+           {"", "the name of the server is missing"},
+           {":21", "the name of the server is missing"},
+           {"h:abc", "the port \"abc\" is no number from 1 to 65535"},
+           {"h:", "the port \"\" is no number"},
+           {"h:0", "the port \"0\" is no number"},
+           {"h:99999", "the port \"99999\" is no number"},
+           {"h:21:22", "the port \"21:22\" is no number"},
+           {"ftp://h", "leave the \"ftp://\" out"},
+           {"h/folder", "\"/\" is in no server"},
+           {"ann@h", "\"@\" is in no server"},
+           {"h h", "\" \" is in no server"},
+           {"[::1", "no IPv6 address"},
+           {"[h]:21", "no IPv6 address"},
+           {"[::1]21", "only a port"}}) {
+    const Outcome run =
+        Run("support '" + file_ + "' --user ann --server '" + server + "'", "ZELNOR_PASSWORD=secret");
+    EXPECT_EQ(run.status, 2) << server;
+    EXPECT_THAT(run.err, HasSubstr("--server: ")) << server;
+    EXPECT_THAT(run.err, HasSubstr(reason)) << server;
+    EXPECT_THAT(run.err, HasSubstr("HOST or HOST:PORT")) << server;
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder_.At("home"))) << "before anything is made";
+}
+
+TEST_F(SupportCommandTest, TheArchivesFolderGoesWithTheArchive) {
+  ASSERT_EQ(Run(Arguments(), "ZELNOR_PASSWORD=secret").status, 0);
+  EXPECT_FALSE(std::filesystem::exists(folder_.At("home/temp")));
+  folder_.Put("home/temp/mine.txt", "");
+  ASSERT_EQ(Run(Arguments(), "ZELNOR_PASSWORD=secret").status, 0);
+  EXPECT_TRUE(std::filesystem::exists(folder_.At("home/temp/mine.txt")));
 }
 
 TEST_F(SupportCommandTest, AFileThatIsNoneIsThree) {
