@@ -118,8 +118,11 @@
 
   <!-- Whether the messages went to a gateway on this machine, as in an application's own tests. -->
   <xsl:variable name="address" select="substring-after($messages[self::ToGateway][1]/@Url, '://')"/>
-  <xsl:variable name="is-local" select="starts-with($address, '127.') or starts-with($address, '[::1]')
-    or starts-with($address, 'localhost:') or starts-with($address, 'localhost/')"/>
+  <!-- The whole host counts: a name may begin like an address of this machine and be another's. -->
+  <xsl:variable name="server" select="substring-before(concat(translate($address, '?#ACHLOST', '//achlost'), '/'), '/')"/>
+  <xsl:variable name="host" select="substring-before(concat($server, ':'), ':')"/>
+  <xsl:variable name="is-local" select="not(contains($server, '@')) and ($server = '[::1]' or starts-with($server, '[::1]:')
+    or $host = 'localhost' or (starts-with($host, '127.') and translate($host, '0123456789', '') = '...'))"/>
 
   <!-- What the document itself tells of the employer and the year, for a log to which nobody told them. -->
   <xsl:variable name="section" select="$submission/*[local-name() = 'Body']/*/*[not(local-name() = 'IRheader')][1]"/>

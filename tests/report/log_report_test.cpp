@@ -123,8 +123,9 @@ TEST_F(LogReport, TheDocumentTellsWhatTheLogDoesNot) {
 TEST_F(LogReport, AGatewayOnThisMachineIsNotHmrc) {
   session_->WasAccepted();
   const String accepted = session_->Document().DocumentElement().Xml();
-  for (const char* address : {"http://127.0.0.1:4711/submission", "http://[::1]:4711/submission",
-                              "https://localhost:4711/submission"}) {
+  for (const char* address :
+       {"http://127.0.0.1:4711/submission", "http://[::1]:4711/submission",
+        "https://localhost:4711/submission", "http://127.9.0.1/submission", "http://LocalHost?a"}) {
     const XmlDocument log;
     ASSERT_TRUE(
         log.LoadXML(Replace(accepted, "https://transaction-engine.tax.service.gov.uk/submission", address)));
@@ -132,6 +133,21 @@ TEST_F(LogReport, AGatewayOnThisMachineIsNotHmrc) {
     EXPECT_EQ(facts.headline, "A gateway on this machine has accepted the Full Payment Submission")
         << address;
     EXPECT_EQ(facts.advice, "This was a rehearsal: nothing reached HMRC.");
+  }
+}
+
+TEST_F(LogReport, AGatewayWhoseNameBeginsLikeThisMachinesIsAnother) {
+  session_->WasAccepted();
+  const String accepted = session_->Document().DocumentElement().Xml();
+  for (const char* address :
+       {"http://127.0.0.1.example/submission", "http://127.0.0.1:1@gateway.example/submission",
+        "http://127.example/submission", "http://localhost.example/submission",
+        "http://localhost:1@gateway.example/submission", "http://[::1].example/submission",
+        "http://gateway.example/127.0.0.1"}) {
+    const XmlDocument log;
+    ASSERT_TRUE(
+        log.LoadXML(Replace(accepted, "https://transaction-engine.tax.service.gov.uk/submission", address)));
+    EXPECT_THAT(FactsOfLog(log).advice, Not(HasSubstr("rehearsal"))) << address;
   }
 }
 
