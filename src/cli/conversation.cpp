@@ -1,6 +1,7 @@
 #include "zelnor/cli/conversation.h"
 
 #include "zelnor/cli/interrupt.h"
+#include "zelnor/common/alsAppSettings.h"
 #include "zelnor/common/clsLog.h"
 #include "zelnor/documents/clsSectionErrorResponse.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
@@ -61,6 +62,16 @@ bool IsLoopbackAddress(const char* option, const String& url) {
                                         "--password-file give them.");
   }
   return host->loopback;
+}
+
+// Who serves where the settings name the gateway: they may name another than HMRC's.
+String RemarkOfSettings(RTI_SEND_MODE mode) {
+  const bool live = mode == RTI_SEND_MODE::Live || mode == RTI_SEND_MODE::Test;
+  const String url = alsAppSettings().ReadSetting(live ? "GovGatewayURL_Live" : "GovGatewayURL_Test");
+  const std::optional<AddressHost> host = HostOfAddress(url);
+  const bool hmrc = url.empty() || (host && host->name.ends_with(".tax.service.gov.uk"));
+  if (hmrc) return "HMRC's gateway serves";
+  return "The gateway that the settings name serves, and not HMRC's own: " + url;
 }
 
 String FirstLine(std::string text) {
@@ -151,7 +162,7 @@ GatewayInUse::GatewayInUse(const GatewayOptions& options) : mode_(ModeOf(options
     if (options.mode.empty()) {
       throw CommandError(kWrongUsage, "--gateway hmrc: say how by --mode, for instance --mode Test.");
     }
-    remark_ = "HMRC's gateway serves, in mode " + options.mode + ".";
+    remark_ = RemarkOfSettings(mode_) + ", in mode " + options.mode + ".";
     return;
   }
   if (!options.gateway.empty() && options.gateway != "local") {

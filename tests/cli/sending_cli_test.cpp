@@ -298,6 +298,22 @@ TEST_F(SendingCliTest, ADistantGatewayNeedsAMode) {
   EXPECT_THAT(alike.err, HasSubstr("needs an explicit --mode"));
 }
 
+TEST_F(SendingCliTest, AGatewayOfTheSettingsThatIsNotHmrcsIsNamed) {
+  ASSERT_EQ(Run(Send("")).status, 0);
+  const String settings = Settings();
+  const std::size_t end = settings.find("</Settings>");
+  ASSERT_NE(end, String::npos);
+  folder_.Put("home/rti.config",
+              settings.substr(0, end) +
+                  "<GovGatewayURL_Live>http://127.0.0.1:1/submission</GovGatewayURL_Live>" +
+                  settings.substr(end));
+  const Outcome run = Run(Send("--gateway hmrc --mode Test --no-connection-test"));
+  EXPECT_EQ(run.status, 13);
+  EXPECT_THAT(run.err, HasSubstr("The gateway that the settings name serves, and not HMRC's own: "
+                                 "http://127.0.0.1:1/submission, in mode Test."));
+  EXPECT_THAT(run.err, Not(HasSubstr("HMRC's gateway serves")));
+}
+
 TEST_F(SendingCliTest, AnAddressWithAUserOrOfNothingIsWrongUsage) {
   const Outcome user = Run(Send(
       "--mode Live --submission-url http://127.0.0.1:1@gateway.invalid/s --poll-url http://127.0.0.1:1/p"));
