@@ -1,7 +1,6 @@
 #include "zelnor/cli/command.h"
 
 #include "zelnor/cli/interrupt.h"
-#include "zelnor/common/alsAppSettings.h"
 #include "zelnor/common/clsLog.h"
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/documents/clsCompressedEmployees.h"
@@ -294,13 +293,6 @@ void WriteOut(std::string_view text) {
 
 void Print(const CommonOptions& options, const Json& json, const String& text) {
   WriteOut(options.json ? json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n" : text);
-}
-
-KeptSetting::KeptSetting(String key) : key_(std::move(key)), value_(alsAppSettings().ReadSetting(key_)) {}
-
-KeptSetting::~KeptSetting() {
-  alsAppSettings settings;
-  if (settings.ReadSetting(key_) != value_) settings.SetSetting(key_, value_);
 }
 
 }  // namespace zelnor::cli

@@ -113,20 +113,6 @@ void WriteOut(std::string_view text);
 /// Writes the JSON object, or the lines for people, to standard output. Errors as WriteOut.
 void Print(const CommonOptions& options, const Json& json, const String& text);
 
-/// A setting that a command changes for its own run; its former value is put back at the end, also after a
-/// failure.
-class KeptSetting {
- public:
-  explicit KeptSetting(String key);
-  KeptSetting(const KeptSetting&) = delete;
-  KeptSetting& operator=(const KeptSetting&) = delete;
-  ~KeptSetting();
-
- private:
-  String key_;
-  String value_;
-};
-
 int RunShow(const CommonOptions& options, const String& file);
 /// `zelnor new`: writes a document to start from, to a file or, with no name, to standard output.
 int RunNew(const CommonOptions& options, const String& type, const String& out);

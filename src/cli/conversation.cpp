@@ -10,6 +10,7 @@
 #include "zelnor/envelope/clsGTMMessageDetails.h"
 #include "zelnor/envelope/clsGovTalkMessage.h"
 #include "zelnor/gateway/clsSOAPInterface.h"
+#include "zelnor/platform/address.h"
 #include "zelnor/platform/conversions.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
@@ -48,12 +49,29 @@ RTI_SEND_MODE ModeOf(const String& name) {
 }
 
 // Whether an address names this machine itself.
-bool IsLoopbackAddress(const String& url) {
-  String host = LowerCase(url.substr(std::min(url.find("://") + 3, url.size())));
-  host = host.substr(0, host.find_first_of("/?#"));
-  if (host.starts_with('[')) return host.starts_with("[::1]");
-  host = host.substr(0, host.find(':'));
-  return host == "localhost" || host.starts_with("127.");
+bool IsLoopbackAddress(const char* option, const String& url) {
+  const std::optional<AddressHost> host = HostOfAddress(url);
+  if (!host) {
+    throw CommandError(kWrongUsage, String(option) + ": \"" + url +
+                                        "\" is no http or https address. Write it as "
+                                        "https://HOST/PATH, with :PORT behind the host where it needs one.");
+  }
+  if (host->has_user) {
+    throw CommandError(kWrongUsage, String(option) +
+                                        ": leave user and password out of the address; --user and "
+                                        "--password-file give them.");
+  }
+  return host->loopback;
+}
+
+// Who serves where the settings name the gateway: they may name another than HMRC's.
+String RemarkOfSettings(RTI_SEND_MODE mode) {
+  const bool live = mode == RTI_SEND_MODE::Live || mode == RTI_SEND_MODE::Test;
+  const String url = alsAppSettings().ReadSetting(live ? "GovGatewayURL_Live" : "GovGatewayURL_Test");
+  const std::optional<AddressHost> host = HostOfAddress(url);
+  const bool hmrc = url.empty() || (host && host->name.ends_with(".tax.service.gov.uk"));
+  if (hmrc) return "HMRC's gateway serves";
+  return "The gateway that the settings name serves, and not HMRC's own: " + url;
 }
 
 String FirstLine(std::string text) {
@@ -144,14 +162,16 @@ GatewayInUse::GatewayInUse(const GatewayOptions& options) : mode_(ModeOf(options
     if (options.mode.empty()) {
       throw CommandError(kWrongUsage, "--gateway hmrc: say how by --mode, for instance --mode Test.");
     }
-    remark_ = "HMRC's gateway serves, in mode " + options.mode + ".";
+    remark_ = RemarkOfSettings(mode_) + ", in mode " + options.mode + ".";
     return;
   }
   if (!options.gateway.empty() && options.gateway != "local") {
     throw CommandError(kWrongUsage, "--gateway: \"" + options.gateway + "\" is none. Choose local or hmrc.");
   }
   if (has_urls) {
-    loopback_ = IsLoopbackAddress(options.submission_url) && IsLoopbackAddress(options.poll_url);
+    const bool submission = IsLoopbackAddress("--submission-url", options.submission_url);
+    const bool poll = IsLoopbackAddress("--poll-url", options.poll_url);
+    loopback_ = submission && poll;
     if (!loopback_ && options.mode.empty()) {
       throw CommandError(kWrongUsage,
                          "--submission-url: a gateway that isn't on this machine needs an explicit --mode.");
@@ -178,8 +198,7 @@ void GatewayInUse::SetAddresses(const String& submission_url, const String& poll
        {"GovGatewayPollURL_Live", poll_url},
        {"GovGatewayPollURL_Test", poll_url}}};
   for (const auto& [key, url] : settings) {
-    kept_.push_back(std::make_unique<KeptSetting>(key));
-    alsAppSettings().SetSetting(key, url);
+    addresses_.push_back(std::make_unique<OwnSetting>(key, url));
   }
 }
 
@@ -265,6 +284,7 @@ Json Account::AsJson(SUBMISSION_RESULT result) {
   return {{"result", NameOf(result)},
           {"correlation_id", controller_.CorrelationID()},
           {"gateway_errors", controller_.GatewayErrors()},
+          {"cause", controller_.Transport()->LastFailure()},
           {"errors", Errors()},
           {"irmark", {{"base64", mark_.first}, {"base32", mark_.second}}},
           {"events", events_},
@@ -289,6 +309,11 @@ String Account::AsText(SUBMISSION_RESULT result) {
   const String log = WrittenLog(*controller_.ProcessingLog());
   row("Log", log.empty() ? kNoLog : log);
   return text;
+}
+
+void Account::TellCause() {
+  const String cause = controller_.Transport()->LastFailure();
+  if (!cause.empty()) Tell(cause);
 }
 
 void Account::AddCopy(const String& path) {

@@ -7,6 +7,7 @@
 #include "zelnor/cli/command.h"
 #include "zelnor/cli/program_host.h"
 #include "zelnor/cli/progress_line.h"
+#include "zelnor/common/own_setting.h"
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/standin/local_gateway.h"
 
@@ -31,11 +32,12 @@ struct GatewayOptions {
 /// (`ZELNOR_PASSWORD`), else asked for on the terminal without echo. Empty without a user.
 String PasswordOf(const GatewayOptions& options);
 
-/// The gateway of one run: the local one started inside the program, or another whose addresses stand in the
-/// settings for as long as this object lives.
+/// The gateway of one run: the local one started inside the program, or another. Its addresses are this
+/// process's own settings for as long as this object lives; HMRC's are those of the file.
 class GatewayInUse {
  public:
-  /// Raises CommandError for options that contradict each other, and for a distant gateway without a mode.
+  /// Raises CommandError for options that contradict each other, for addresses that are none or hold a user,
+  /// and for a distant gateway without a mode.
   explicit GatewayInUse(const GatewayOptions& options);
   ~GatewayInUse();
   GatewayInUse(const GatewayInUse&) = delete;
@@ -46,6 +48,9 @@ class GatewayInUse {
   /// Whether nothing leaves this machine.
   bool IsLoopback() const { return loopback_; }
 
+  /// Whether it is the program's own, which goes with this object.
+  bool IsOwn() const { return local_ != nullptr; }
+
   /// What to tell the person about it; empty when there is nothing to tell.
   String Remark() const { return remark_; }
 
@@ -55,7 +60,7 @@ class GatewayInUse {
   RTI_SEND_MODE mode_;
   bool loopback_ = false;
   String remark_;
-  std::vector<std::unique_ptr<KeptSetting>> kept_;
+  std::vector<std::unique_ptr<OwnSetting>> addresses_;
   std::unique_ptr<standin::LocalGateway> local_;
 };
 
@@ -98,6 +103,9 @@ class Account {
 
   /// The account for people.
   String AsText(SUBMISSION_RESULT result);
+
+  /// Tells the person, on standard error, why the last attempt brought no answer; nothing where it did.
+  void TellCause();
 
   /// Names a copy that was asked for, where it has been written.
   void AddCopy(const String& path);

@@ -30,7 +30,7 @@ int RunPoll(const CommonOptions& options, const PollOptions& poll) {
   PrepareHome(options);
   const String password = PasswordOf(poll.gateway);
   const GatewayInUse gateway(poll.gateway);
-  const KeptSetting connection_test("DoInternetConnectionTest");
+  const OwnSetting connection_test("DoInternetConnectionTest");
   clsRTIController rti;
   if (poll.gateway.no_connection_test) rti.DoInternetConnectionTest(false);
   const auto host = std::make_shared<ConversationHost>(rti, gateway.IsLoopback());
@@ -50,6 +50,7 @@ int RunPoll(const CommonOptions& options, const PollOptions& poll) {
     if (host->Interrupted()) break;
   }
   account.EndProgress();
+  account.TellCause();
   Print(options, account.AsJson(result), account.AsText(result));
   SetHost(nullptr);
   if (host->Interrupted()) ObeySignal();

@@ -32,7 +32,7 @@ int RunSave(const CommonOptions& options, const SaveOptions& save) {
   const String out = OutOf(save.out, save.file);
   PrepareHome(options);
   clsRTIController rti;
-  const KeptSetting validation_required("ValidationRequired");
+  const OwnSetting validation_required("ValidationRequired");
   if (save.no_validation) rti.ValidationRequired(false);
   if (!save.today.empty()) rti.SystemDate(today);
   const String unread = LoadDocument(rti, save.file, ReadMessage(save.file));

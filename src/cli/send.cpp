@@ -7,8 +7,12 @@
 namespace zelnor::cli {
 namespace {
 
-String NextStep(SUBMISSION_RESULT result, clsRTIController& controller) {
+String NextStep(SUBMISSION_RESULT result, const GatewayInUse& gateway, clsRTIController& controller) {
   if (result != SUBMISSION_RESULT::Pending) return {};
+  if (gateway.IsOwn()) {
+    return "This was a rehearsal: its gateway is gone with the answer, and nothing went to HMRC. Send again "
+           "to see it through.\n";
+  }
   return "HMRC has the submission; its answer is still to come. Ask for it by\n  zelnor poll --class " +
          controller.GetHMRCClass() + " --correlation-id " + controller.CorrelationID() +
          "\nwith the options that name the gateway.\n";
@@ -30,8 +34,8 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   XmlDocument document = ReadMessage(send.file);
   const GatewayInUse gateway(send.gateway);
   if (!gateway.Remark().empty()) Tell(gateway.Remark());
-  const KeptSetting validation_required("ValidationRequired");
-  const KeptSetting connection_test("DoInternetConnectionTest");
+  const OwnSetting validation_required("ValidationRequired");
+  const OwnSetting connection_test("DoInternetConnectionTest");
   clsRTIController rti;
   if (send.no_validation) rti.ValidationRequired(false);
   if (send.gateway.no_connection_test) rti.DoInternetConnectionTest(false);
@@ -50,9 +54,10 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   Account account(rti);
   const SUBMISSION_RESULT result = rti.SendSubmission(send.gateway.user, password, copy, another_copy);
   account.EndProgress();
+  account.TellCause();
   account.AddCopy(copy);
   account.AddCopy(another_copy);
-  Print(options, account.AsJson(result), account.AsText(result) + NextStep(result, rti));
+  Print(options, account.AsJson(result), account.AsText(result) + NextStep(result, gateway, rti));
   SetHost(nullptr);
   if (host->Interrupted()) ObeySignal();
   return StatusOf(result);

@@ -92,16 +92,14 @@ String People(const String& description, const Json& json) {
   return text + Line("IRmark", mark.empty() ? "none" : mark);
 }
 
-// A message without a document would pass for one of no employees.
-void RequireBody(const XmlDocument& message, const String& file) {
+// A message without a document shows as one of no employees.
+bool HasDocument(const XmlDocument& message) {
   for (const XmlNode& child : message.DocumentElement().ChildNodes()) {
     if (child.BaseName() != "Body") continue;
     for (const XmlNode& document : child.ChildNodes())
-      if (document.IsElement()) return;
+      if (document.IsElement()) return true;
   }
-  throw CommandError(kUnreadableInput, (file == "-" ? String("standard input") : file) +
-                                           ": the message holds no document: its Body is missing or empty.\n"
-                                           "Give the whole message, as it was saved.");
+  return false;
 }
 
 }  // namespace
@@ -111,7 +109,7 @@ int RunShow(const CommonOptions& options, const String& file) {
   clsRTIController rti;
   rti.LogThisSession(false);
   const XmlDocument document = ReadMessage(file);
-  RequireBody(document, file);
+  if (!HasDocument(document)) Tell("The message holds no document: its Body is missing or empty.");
   const String unread = ReadInto(rti, file, document);
   if (!unread.empty()) Tell(unread + "\nThe figures are those of the rest.");
   const Ref<clsSubmission> submission = rti.Submission();

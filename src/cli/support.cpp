@@ -6,11 +6,16 @@
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
 #include "zelnor/documents/clsSubmission.h"
+#include "zelnor/platform/address.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
 
+#include <arpa/inet.h>
 #include <array>
+#include <cctype>
 #include <cstdio>
+#include <filesystem>
+#include <optional>
 #include <poll.h>
 #include <unistd.h>
 
@@ -43,6 +48,65 @@ class Progress {
   Subscription subscription_;
 };
 
+[[noreturn]] void RefuseServer(const String& server, const String& reason) {
+  throw CommandError(kWrongUsage,
+                     "--server: " + (server.empty() ? String() : "\"" + server + "\": ") + reason +
+                         " Give it as HOST or HOST:PORT; an IPv6 address with a port stands in [].");
+}
+
+void RequireHost(const String& server, const String& host) {
+  if (host.empty()) RefuseServer(server, "the name of the server is missing.");
+  for (const char c : host) {
+    const bool of_a_name = std::isalnum(static_cast<unsigned char>(c)) != 0 ||
+                           static_cast<signed char>(c) < 0 || c == '.' || c == '-' || c == '_';
+    if (!of_a_name) RefuseServer(server, "\"" + String(1, c) + "\" is in no server's name.");
+  }
+}
+
+void RequirePort(const String& server, const String& port) {
+  const bool number =
+      !port.empty() && port.size() <= 5 && port.find_first_not_of("0123456789") == String::npos;
+  if (!number || std::stoi(port) < 1 || std::stoi(port) > 65535)
+    RefuseServer(server, "the port \"" + port + "\" is no number from 1 to 65535.");
+}
+
+// What can't be a server is told before anything is read, made or asked for.
+void RequireServer(const String& server) {
+  if (server.find("://") != String::npos) RefuseServer(server, "leave the \"ftp://\" out.");
+  in6_addr address{};
+  if (inet_pton(AF_INET6, server.c_str(), &address) == 1) return;
+  if (server.starts_with('[')) {
+    const std::size_t end = server.find(']');
+    if (end == String::npos || inet_pton(AF_INET6, server.substr(1, end - 1).c_str(), &address) != 1)
+      RefuseServer(server, "what stands in [] is no IPv6 address.");
+    const String behind = server.substr(end + 1);
+    if (behind.empty()) return;
+    if (!behind.starts_with(':')) RefuseServer(server, "only a port may stand behind the ].");
+    RequirePort(server, behind.substr(1));
+    return;
+  }
+  const std::size_t colon = server.find(':');
+  RequireHost(server, server.substr(0, colon));
+  if (colon != String::npos) RequirePort(server, server.substr(colon + 1));
+}
+
+// The folder in which the archive is made, where this run is the one to need it: it goes with the archive.
+class ArchiveFolder {
+ public:
+  ArchiveFolder()
+      : path_(SystemPath(ProgramFolder() + "/temp")), was_there_(std::filesystem::exists(path_)) {}
+  ArchiveFolder(const ArchiveFolder&) = delete;
+  ArchiveFolder& operator=(const ArchiveFolder&) = delete;
+  ~ArchiveFolder() {
+    std::error_code not_empty;
+    if (!was_there_) std::filesystem::remove(path_, not_empty);
+  }
+
+ private:
+  std::filesystem::path path_;
+  bool was_there_;
+};
+
 // A failure of the way there can be tried again; a refusal wants something changed first.
 SUBMISSION_RESULT ResultOf(bool sent, Long code) {
   if (sent) return SUBMISSION_RESULT::Successful;
@@ -68,14 +132,20 @@ bool HoldsPassword(const XmlDocument& document) {
   return false;
 }
 
+// Whether the server is on this machine, so that nothing goes over a wire.
+bool IsHere(const String& server) {
+  const std::optional<AddressHost> host = HostOfAddress("http://" + server);
+  return server == "::1" || (host && host->loopback);
+}
+
 // What goes, and how, before any of it does.
-String Notice(const SupportOptions& support, bool holds_password) {
+String Notice(const SupportOptions& support, bool may_go_clear, bool holds_password) {
   String text =
       "The archive holds people's data: the document with names, National Insurance numbers and pay";
   if (holds_password) text += ", with the sender's password for HMRC's gateway in it,";
   text += " and a log of it.\nIt goes to " + support.server;
-  return text + (support.allow_clear ? ", in the clear if the server offers no encryption."
-                                     : " under encryption only.");
+  return text +
+         (may_go_clear ? ", in the clear if the server offers no encryption." : " under encryption only.");
 }
 
 // The person's word that it may go in the clear. False where nobody can be asked.
@@ -101,6 +171,7 @@ bool AllowsClear(const String& server) {
 }  // namespace
 
 int RunSupport(const CommonOptions& options, const SupportOptions& support) {
+  RequireServer(support.server);
   if (support.file == "-") {
     throw CommandError(kWrongUsage, "Standard input can't be sent. Give the file of the saved submission.");
   }
@@ -120,10 +191,12 @@ int RunSupport(const CommonOptions& options, const SupportOptions& support) {
 
   clsFTP ftp;
   ftp.StopWhen([] { return CaughtSignal() != 0; });
-  ftp.ProtectedOnly(!support.allow_clear);
-  Tell(Notice(support, HoldsPassword(document)));
+  const bool may_go_clear = support.allow_clear || IsHere(support.server);
+  ftp.ProtectedOnly(!may_go_clear);
+  Tell(Notice(support, may_go_clear, HoldsPassword(document)));
   clsRTIController::SupportUpload upload;
   Long bytes = 0;
+  const ArchiveFolder folder;
   const auto send = [&] {
     const Progress progress(ftp, !options.json && isatty(STDERR_FILENO) != 0);
     upload = rti.SendToSupport(ftp, support.server, support.user, password);

@@ -279,10 +279,10 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   }
   PrepareHome(options);
   XmlDocument document = ReadMessage(validate.file);
-  std::vector<std::unique_ptr<KeptSetting>> kept;
+  std::vector<std::unique_ptr<OwnSetting>> kept;
   for (const char* key : {"ValidationRequired", "ValidateEnvelope", "ValidateCompany", "ValidateEmployees",
                           "ValidatePayment", "ValidateSchema"}) {
-    kept.push_back(std::make_unique<KeptSetting>(key));
+    kept.push_back(std::make_unique<OwnSetting>(key));
   }
   clsRTIController rti;
   rti.ValidationRequired(true);

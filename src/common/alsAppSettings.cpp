@@ -1,6 +1,7 @@
 #include "zelnor/common/alsAppSettings.h"
 
 #include "zelnor/common/modPublicEnums.h"
+#include "zelnor/common/own_setting.h"
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
@@ -70,6 +71,7 @@ XmlNode alsAppSettings::Find(const String& key, const String& version) {
 }
 
 String alsAppSettings::ReadSetting(const String& strKey, const String& strVersion) {
+  if (const std::optional<String> own = OwnSetting::ValueOf(strKey)) return *own;
   String result;
   Handled(kClass, "Function ReadSetting", [&] {
     ReloadWhenChanged();
@@ -79,6 +81,7 @@ String alsAppSettings::ReadSetting(const String& strKey, const String& strVersio
 }
 
 bool alsAppSettings::SetSetting(const String& strKey, const String& strValue, const String& strVersion) {
+  if (OwnSetting::Change(strKey, strValue)) return true;
   bool result = false;
   Handled(kClass, "Function SetSetting", [&] {
     ReloadWhenChanged();

@@ -150,6 +150,7 @@ void clsSOAPInterface::Renew() {
   gateway_errors_collection_ = MakeCollection<clsGTMGovTalkError>();
   employees_ = MakeCollection<clsEmployee>();
   success_text_.clear();
+  last_failure_.clear();
   username_.clear();
   password_.clear();
   class_.clear();

@@ -153,6 +153,10 @@ class ZELNOR_API clsSOAPInterface {
   /// and handlers stay.
   ZELNOR_INTERNAL void Renew();
 
+  /// Why the last attempt to send or poll brought no answer: the exchange's own sentence, which names the
+  /// host and the cause, or the file that couldn't be written. Empty after an answer, and before any attempt.
+  ZELNOR_INTERNAL String LastFailure() const { return last_failure_; }
+
   /// Ends the waits and the retries; a running exchange ends first. Not taken back.
   ZELNOR_INTERNAL void Cancel() { cancel_ = true; }
 
@@ -212,6 +216,7 @@ class ZELNOR_API clsSOAPInterface {
   String class_;
   RTI_SEND_MODE mode_ = RTI_SEND_MODE::Live;
   String current_url_;
+  String last_failure_;
   Long max_send_attempts_ = 3;
   SEND_STATUS processing_status_ = SEND_STATUS::Unsent;
   String status_;

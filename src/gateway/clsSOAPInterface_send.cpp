@@ -45,6 +45,17 @@ XmlDocument AnswerOf(const HttpRequest& request) {
   return answer && answer.DocumentElement() ? CopyOf(answer) : XmlDocument(nullptr);
 }
 
+// What goes out is kept first; without that nothing goes out.
+void KeepSent(const String& path, const String& text) {
+  try {
+    WriteFile(path, text);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(error.Number(), error.Source(),
+                       "Nothing was sent, since the file " + SystemPath(path) +
+                           " can't be written: " + error.Description() + ".");
+  }
+}
+
 String TextOf(const XmlDocument& answer) { return answer ? answer.Xml() : String("Null response"); }
 
 }  // namespace
@@ -106,6 +117,7 @@ Ref<clsGovTalkMessage> clsSOAPInterface::SendXML(const Ref<clsGovTalkMessage>& o
       PostMessage(objMessage, strURL, attempt, request);
     } catch (...) {
       const RuntimeError error = CurrentError();
+      last_failure_ = error.Description();
       const XmlDocument answer = AnswerOf(request);
       KeepAnswer(answer);
       if (error.Number() == kHttpRefusedCertificate) return FailedConnection(*objMessage, kCertificateText);
@@ -133,7 +145,7 @@ void clsSOAPInterface::PostMessage(const Ref<clsGovTalkMessage>& message, const 
     events.IRmarkGenerated(sha1.Base64Mark(), sha1.Base32Mark());
     events.SendingDocument(attempt);
     SetStatus("Attempting to send... attempt " + ToText(attempt + 1) + " of " + ToText(max_send_attempts_));
-    WriteFile(SavePath() + SendFilePrefix() + ".xml", text);
+    KeepSent(SavePath() + SendFilePrefix() + ".xml", text);
   } else {
     SetStatus("Beginning Poll...");
     events.PollingDocument(attempt);
@@ -146,6 +158,7 @@ void clsSOAPInterface::PostMessage(const Ref<clsGovTalkMessage>& message, const 
   request.Open("POST", url);
   request.SetRequestHeader("Content-type", "text/xml");
   request.Send(std::move(text));
+  last_failure_.clear();
   events.MessageSent(message, url);
 }
 

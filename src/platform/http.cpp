@@ -19,7 +19,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 // The loopback addresses are never asked through a proxy.
-constexpr std::string_view kNoProxy = "localhost,127.0.0.1,::1";
+constexpr std::string_view kNoProxy = "localhost,127.0.0.0/8,::1";
 
 String Environment(const char* name) {
   const char* value = std::getenv(name);

@@ -153,6 +153,7 @@ struct Engine::Request {
   std::string function;
   std::string correlation_id;
   std::string transaction_id;
+  std::string base;  // the gateway's address as the client knows it
 };
 
 // What the gateway holds until it is deleted.
@@ -164,13 +165,15 @@ struct Engine::Submission {
   int polls = 0;
 };
 
-Engine::Engine(const GatewayOptions& options, std::string base) : options_(options), base_(std::move(base)) {}
+Engine::Engine(const GatewayOptions& options) : options_(options) {}
 Engine::~Engine() = default;
 
 std::string Engine::KindOf(const std::string& message) { return Request(message).Kind(); }
 
-Engine::Reply Engine::Answer(const std::string& message, const std::optional<Action>& action) {
-  const Request request(message);
+Engine::Reply Engine::Answer(const std::string& message, const std::optional<Action>& action,
+                             const std::string& base) {
+  Request request(message);
+  request.base = base;
   Reply reply;
   try {
     if (!action) {
@@ -379,7 +382,7 @@ std::string Engine::Envelope(const Request& request, const std::string& qualifie
   };
   std::string id = option("correlation", request.correlation_id);
   if (id == "none") id.clear();
-  const std::string end_point = option("endpoint", base_ + "/poll");
+  const std::string end_point = option("endpoint", request.base + "/poll");
   const std::string interval = option("interval", std::to_string(options_.poll_interval));
   const std::string known_class =
       IsKnownClass(request.message_class) ? request.message_class : "UndefinedClass";

@@ -17,8 +17,7 @@ struct GatewayOptions;
 /// The protocol behind a local gateway: what it answers to a message, and which submissions it holds.
 class Engine {
  public:
-  /// @param base the gateway's own address, such as "http://127.0.0.1:8080"
-  Engine(const GatewayOptions& options, std::string base);
+  explicit Engine(const GatewayOptions& options);
   ~Engine();
 
   /// What a request is and what it is answered with.
@@ -33,8 +32,9 @@ class Engine {
   static std::string KindOf(const std::string& message);
 
   /// The answer to a message: the proper one, or what the action says; no body for an action that takes no
-  /// notice of the message.
-  Reply Answer(const std::string& message, const std::optional<Action>& action);
+  /// notice of the message. `base` is the gateway's address as the client knows it, such as
+  /// "https://localhost:8080"; it leads there for the polls.
+  Reply Answer(const std::string& message, const std::optional<Action>& action, const std::string& base);
 
  private:
   struct Request;
@@ -61,7 +61,6 @@ class Engine {
   std::shared_ptr<const XmlSchemaCollection> SchemasFor(const std::string& ns) const;
 
   const GatewayOptions& options_;
-  std::string base_;
   std::map<std::string, Submission> submissions_;  // by correlation id
   mutable std::map<std::string, std::shared_ptr<const XmlSchemaCollection>> schemas_;
 };

@@ -1,5 +1,6 @@
 #include "zelnor/standin/local_gateway.h"
 
+#include "zelnor/platform/address.h"
 #include "zelnor/platform/failure.h"
 #include "zelnor/platform/files.h"
 #include "zelnor/platform/text.h"
@@ -72,6 +73,14 @@ std::string PathOf(const std::string& url) {
   return path == std::string::npos ? std::string() : url.substr(path, url.find_first_of("?#", path) - path);
 }
 
+// Whether a client's word for the gateway is a name or an address, with or without a port, and nothing else.
+bool IsHost(const std::string& text) {
+  constexpr std::size_t kLongest = 253 + std::string_view(":65535").size();
+  constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-[:]";
+  return !text.empty() && text.size() <= kLongest && text.find_first_not_of(kLetters) == std::string::npos &&
+         HostOfAddress("http://" + text).has_value();
+}
+
 std::string Quoted(const std::string& path) { return "\"" + path + "\""; }
 
 }  // namespace
@@ -101,7 +110,7 @@ class LocalGateway::Server : public httplib::Server {
       throw std::runtime_error("Port " + std::to_string(options_.port) +
                                " can't be listened on. Perhaps another program has it; 0 picks a free one.");
     }
-    engine_ = std::make_unique<Engine>(options_, Url());
+    engine_ = std::make_unique<Engine>(options_);
     Get(".*", [](const httplib::Request&, httplib::Response& response) {
       response.status = 405;
       response.set_header("Allow", "POST");
@@ -126,9 +135,7 @@ class LocalGateway::Server : public httplib::Server {
   }
 
   int Port() const { return port_; }
-  std::string Url() const {
-    return std::string(context_ ? "https" : "http") + "://" + kHost + ":" + std::to_string(port_);
-  }
+  std::string Url() const { return Scheme() + kHost + ":" + std::to_string(port_); }
 
   std::vector<Exchange> Exchanges() const {
     const std::lock_guard lock(mutex_);
@@ -142,6 +149,8 @@ class LocalGateway::Server : public httplib::Server {
   }
 
  private:
+  std::string Scheme() const { return context_ ? "https://" : "http://"; }
+
   // One connection, one request.
   bool process_and_close_socket(socket_t socket) override {
     sigset_t pipe;
@@ -181,6 +190,12 @@ class LocalGateway::Server : public httplib::Server {
     request.headers.erase("Content-Type");
   }
 
+  // The address by which the client knows the gateway: a certificate is for a name.
+  std::string UrlFor(const httplib::Request& request) const {
+    const std::string host = request.get_header_value("Host");
+    return IsHost(host) ? Scheme() + host : Url();
+  }
+
   void Serve(const httplib::Request& request, httplib::Response& response) {
     std::optional<Action> action;
     Engine::Reply reply;
@@ -194,7 +209,7 @@ class LocalGateway::Server : public httplib::Server {
                  .body = "A message goes to " + Url() + "/submission, a poll to " + Url() + "/poll.\n"};
         response.set_header("Content-Type", "text/plain");
       } else {
-        reply = engine_->Answer(request.body, action);
+        reply = engine_->Answer(request.body, action, UrlFor(request));
       }
     }
     response.status = reply.kind.empty() ? 404 : 200;

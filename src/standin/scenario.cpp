@@ -103,6 +103,13 @@ bool IsNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+// The number of an error, which the protocol has as an integer; negative ones are no gateway's, but may be
+// told.
+bool IsErrorNumber(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  return IsNumber(text) && text.size() <= 9;
+}
+
 bool IsRepetition(const Word& word) {
   return !word.quoted && word.text.size() > 1 && word.text[0] == 'x' &&
          IsNumber(std::string_view(word.text).substr(1));
@@ -164,7 +171,17 @@ void CheckOptions(const Action& action, const Form& form) {
     const std::vector<std::string> names = Split(each == "+" ? kOfAnyMessage : std::string_view(each), ' ');
     known.insert(known.end(), names.begin(), names.end());
   }
+  std::vector<std::string> seen;
   for (const auto& [name, value] : action.options) {
+    // Only the errors of the department come again and again.
+    if (name != "error" && std::find(seen.begin(), seen.end(), name) != seen.end()) {
+      Refuse(action.line, "\"" + name + "\" is there twice.");
+    }
+    seen.push_back(name);
+    const std::string error = name == "error" ? value.substr(0, value.find('|')) : value;
+    if ((name == "number" || name == "error") && !IsErrorNumber(error)) {
+      Refuse(action.line, "\"" + error + "\" is no error's number; it is a whole one of up to nine digits.");
+    }
     if (std::find(known.begin(), known.end(), name) == known.end()) {
       Refuse(action.line, "\"" + action.name + "\" has no option \"" + name + "\".");
     }
@@ -213,6 +230,7 @@ Scenario::Scenario(const std::string& text) {
     if (words.size() > 1 && IsRepetition(words.back())) {
       const std::string count = words.back().text.substr(1);
       if (count.size() > 5) Refuse(number, "\"x" + count + "\" is too often; the most is x99999.");
+      if (std::stoul(count) == 0) Refuse(number, "\"x" + count + "\" is never; the least is x1.");
       times = std::stoul(count);
       words.pop_back();
     }

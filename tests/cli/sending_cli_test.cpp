@@ -72,8 +72,49 @@ class GatewayProcess {
   int status_ = -1;
 };
 
+/// The program with some arguments, in the background.
+class Background {
+ public:
+  explicit Background(const String& arguments) {
+    const String command = "exec '" ZELNOR_PROGRAM "' " + arguments + " >/dev/null 2>&1";
+    process_ = fork();
+    if (process_ == 0) {
+      execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+      _exit(127);
+    }
+  }
+  Background(const Background&) = delete;
+  Background& operator=(const Background&) = delete;
+  ~Background() { Kill(); }
+
+  /// Ends it without a word, as a power cut would.
+  void Kill() {
+    if (process_ <= 0) return;
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+    process_ = 0;
+  }
+
+ private:
+  pid_t process_ = 0;
+};
+
 class SendingCliTest : public CliTest {
  protected:
+  // Waits until the gateway's output holds a text; whether it came.
+  static bool WaitFor(const GatewayProcess& gateway, const String& text) {
+    constexpr int kTurns = 3000;
+    for (int turn = 0; turn < kTurns; ++turn) {
+      if (gateway.Text().find(text) != String::npos) return true;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return false;
+  }
+
+  String InBackground(const String& arguments) const {
+    return "--home " + Quoted(folder_.At("home")) + " " + arguments;
+  }
+
   // Without rules, which the sample need not hold to on any day.
   String Send(const String& options) const {
     return "send --no-validation " + options + " " + Quoted(SamplePath());
@@ -139,6 +180,46 @@ TEST_F(SendingCliTest, TheAddressesOfARunDontStayInTheSettings) {
   EXPECT_THAT(Settings(), Not(HasSubstr("127.0.0.1")));
 }
 
+TEST_F(SendingCliTest, TheSettingsOfARunNeverReachTheFile) {
+  const String save = "save --no-validation " + Quoted(SamplePath()) + " " + Quoted(folder_.At("saved.xml"));
+  const String validate = "validate --stages envelope " + Quoted(SamplePath());
+  // Whoever looks for a setting first writes its default.
+  for (const String& each : {Send("--no-connection-test"), save, validate}) ASSERT_EQ(Run(each).status, 0);
+  const String before = Settings();
+  EXPECT_THAT(before, Not(HasSubstr("False")));
+  const GatewayProcess gateway(folder_, "--scenario " + Quoted(folder_.Put("stall", "stall before\n")));
+  Background run(InBackground(Send("--no-connection-test" + gateway.Options())));
+  ASSERT_TRUE(WaitFor(gateway, "told: stall"));
+  EXPECT_EQ(Settings(), before) << "while it runs";
+  run.Kill();
+  EXPECT_EQ(Settings(), before) << "after it was killed";
+  EXPECT_EQ(Run(Send("--no-connection-test")).status, 0);
+  EXPECT_EQ(Settings(), before) << "after a run that ended by itself";
+  for (const String& each : {save, validate}) EXPECT_EQ(Run(each).status, 0);
+  EXPECT_EQ(Settings(), before) << "and of the other commands";
+}
+
+TEST_F(SendingCliTest, RunsThatOverlapHaveTheirOwnSettings) {
+  ASSERT_EQ(Run(Send("")).status, 0);
+  const String before = Settings();
+  String document = folder_.Get(SamplePath());
+  const String name = "<AORef>961PY00427198</AORef>";
+  ASSERT_NE(document.find(name), String::npos);
+  document.replace(document.find(name), name.size(), "<AORef>=1+1</AORef>");
+  const GatewayProcess gateway(folder_, "--scenario " + Quoted(folder_.Put("stall", "stall before\n")));
+  {
+    const Background first(InBackground(Send(gateway.Options())));
+    ASSERT_TRUE(WaitFor(gateway, "told: stall"));
+    const Outcome second = Run("send --json --today 2025-10-01 " + Input(document));
+    EXPECT_EQ(second.status, 11) << "the first run's --no-validation is its own: " << second.err;
+    const Outcome third = Run("--json " + Send(""));
+    EXPECT_EQ(third.status, 0) << third.err;
+  }
+  EXPECT_EQ(Settings(), before);
+  const String text = gateway.Text();
+  EXPECT_EQ(text.find("->"), text.rfind("->")) << "the others went to gateways of their own:\n" << text;
+}
+
 TEST_F(SendingCliTest, SendSpeaksToPeople) {
   const Outcome run = Run(Send(""));
   EXPECT_EQ(run.status, 0);
@@ -179,6 +260,35 @@ TEST_F(SendingCliTest, AFailedConnectionExits13AndSaysWhy) {
   const json told = json::parse(run.out);
   EXPECT_EQ(told["result"], "ConnectionFailed");
   EXPECT_EQ(told["errors"][0]["number"], -9999);
+  EXPECT_THAT(told["cause"].get<String>(), StartsWith("The connection to 127.0.0.1 failed: "));
+  EXPECT_THAT(told["cause"].get<String>(), HasSubstr("port 1 "));
+  EXPECT_THAT(run.err, HasSubstr("zelnor: " + told["cause"].get<String>()));
+  const Outcome poll =
+      Run("--json poll --class HMRC-PAYE-RTI-FPS --correlation-id 00"
+          " --submission-url http://127.0.0.1:1/submission --poll-url http://127.0.0.1:1/poll");
+  EXPECT_THAT(json::parse(poll.out)["cause"].get<String>(),
+              StartsWith("The connection to 127.0.0.1 failed: "));
+  EXPECT_THAT(poll.err, HasSubstr("zelnor: The connection to 127.0.0.1 failed: "));
+}
+
+TEST_F(SendingCliTest, AnAnswerAfterAFailedAttemptLeavesNoCause) {
+  const GatewayProcess gateway(
+      folder_, "--interval -1 --scenario " + Quoted(folder_.Put("drop", "submission: drop before\n")));
+  const Outcome run = Run(Send("--json" + gateway.Options()));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(json::parse(run.out)["cause"], "");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST_F(SendingCliTest, AFileThatCannotBeWrittenIsNamedAsTheCause) {
+  ASSERT_EQ(Run(Send("")).status, 0);
+  std::filesystem::remove(folder_.At("home/xml/send.xml"));
+  std::filesystem::create_directories(folder_.At("home/xml/send.xml"));
+  const Outcome run = Run(Send("--json"));
+  EXPECT_EQ(run.status, 13);
+  EXPECT_THAT(json::parse(run.out)["cause"].get<String>(),
+              StartsWith("Nothing was sent, since the file " + folder_.At("home/xml/send.xml") +
+                         " can't be written: "));
 }
 
 TEST_F(SendingCliTest, TheCredentialsAreChecked) {
@@ -205,6 +315,37 @@ TEST_F(SendingCliTest, ADistantGatewayNeedsAMode) {
   EXPECT_EQ(run.status, 2);
   EXPECT_THAT(run.err, HasSubstr("needs an explicit --mode"));
   EXPECT_EQ(Run(Send("--gateway hmrc")).status, 2);
+  const Outcome alike =
+      Run(Send("--submission-url http://127.0.0.1.invalid/s --poll-url http://127.0.0.1.invalid/p"));
+  EXPECT_EQ(alike.status, 2) << "no address of this machine";
+  EXPECT_THAT(alike.err, HasSubstr("needs an explicit --mode"));
+}
+
+TEST_F(SendingCliTest, AGatewayOfTheSettingsThatIsNotHmrcsIsNamed) {
+  ASSERT_EQ(Run(Send("")).status, 0);
+  const String settings = Settings();
+  const std::size_t end = settings.find("</Settings>");
+  ASSERT_NE(end, String::npos);
+  folder_.Put("home/rti.config",
+              settings.substr(0, end) +
+                  "<GovGatewayURL_Live>http://127.0.0.1:1/submission</GovGatewayURL_Live>" +
+                  settings.substr(end));
+  const Outcome run = Run(Send("--gateway hmrc --mode Test --no-connection-test"));
+  EXPECT_EQ(run.status, 13);
+  EXPECT_THAT(run.err, HasSubstr("The gateway that the settings name serves, and not HMRC's own: "
+                                 "http://127.0.0.1:1/submission, in mode Test."));
+  EXPECT_THAT(run.err, Not(HasSubstr("HMRC's gateway serves")));
+}
+
+TEST_F(SendingCliTest, AnAddressWithAUserOrOfNothingIsWrongUsage) {
+  const Outcome user = Run(Send(
+      "--mode Live --submission-url http://127.0.0.1:1@gateway.invalid/s --poll-url http://127.0.0.1:1/p"));
+  EXPECT_EQ(user.status, 2);
+  EXPECT_THAT(user.err, HasSubstr("--submission-url: leave user and password out"));
+  const Outcome none =
+      Run(Send("--mode Live --submission-url http://127.0.0.1:1/ --poll-url ftp://127.0.0.1/"));
+  EXPECT_EQ(none.status, 2);
+  EXPECT_THAT(none.err, HasSubstr("--poll-url: \"ftp://127.0.0.1/\" is no http or https address"));
 }
 
 TEST_F(SendingCliTest, OptionsThatContradictEachOtherAreWrongUsage) {
@@ -250,6 +391,19 @@ TEST_F(SendingCliTest, AnInterruptLeavesTheResultPendingAndTellsTheId) {
   EXPECT_THAT(out, HasSubstr("zelnor poll --class HMRC-PAYE-RTI-FPS --correlation-id "));
 }
 
+TEST_F(SendingCliTest, AnInterruptedRehearsalGivesNoAdviceToPoll) {
+  const String script = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + Send("") + " >'" +
+                        folder_.At("sent.txt") + "' & sent=$!; for turn in $(seq 600); do [ -e '" +
+                        folder_.At("home/xml/response.xml") +
+                        "' ] && break; sleep 0.02; done; sleep 0.3; kill -INT $sent; wait $sent";
+  const int status = std::system(("bash '" + folder_.Put("interrupt.sh", script) + "' 2>/dev/null").c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 10);
+  const String out = folder_.Get("sent.txt");
+  EXPECT_THAT(out, StartsWith("Result          Pending"));
+  EXPECT_THAT(out, HasSubstr("nothing went to HMRC"));
+  EXPECT_THAT(out, Not(HasSubstr("zelnor poll")));
+}
+
 // The id of a submission that a gateway holds; `send` is cut off at its first poll.
 String HeldBy(const GatewayProcess& gateway) {
   const String text = gateway.Text();
@@ -290,6 +444,21 @@ TEST_F(SendingCliTest, TheGatewayEndsCleanlyOnSIGTERM) {
   GatewayProcess gateway(folder_, "");
   EXPECT_THAT(gateway.Text(), StartsWith("Local gateway listening on http://127.0.0.1:"));
   EXPECT_EQ(gateway.Stop(), 0);
+}
+
+TEST_F(SendingCliTest, AGatewayWithACertificateForItsNameIsPolledByThatName) {
+  ASSERT_EQ(std::system(("openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=localhost -addext "
+                         "subjectAltName=DNS:localhost -keyout '" +
+                         folder_.At("key.pem") + "' -out '" + folder_.At("certificate.pem") + "' 2>/dev/null")
+                            .c_str()),
+            0);
+  const GatewayProcess gateway(folder_, "--interval -1 --tls " + Quoted(folder_.At("certificate.pem")) + " " +
+                                            Quoted(folder_.At("key.pem")));
+  const String url = "https://localhost" + gateway.Url().substr(gateway.Url().rfind(':'));
+  const Outcome run = Run(Send("--submission-url " + url + "/submission --poll-url " + url + "/poll"),
+                          "SSL_CERT_FILE=" + Quoted(folder_.At("certificate.pem")));
+  EXPECT_EQ(run.status, 0) << run.out << run.err;
+  EXPECT_THAT(gateway.Text(), HasSubstr("poll submit -> response: accepted"));
 }
 
 TEST_F(SendingCliTest, TheGatewayRecordsWhatItExchanges) {

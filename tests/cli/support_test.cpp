@@ -4,6 +4,7 @@
 #include "zelnor/platform/text.h"
 
 #include <csignal>
+#include <filesystem>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -41,10 +42,12 @@ class SupportCommandTest : public testing::Test {
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder_.Get("out.txt"), folder_.Get("err.txt")};
   }
 
-  String Arguments() const { return Strict() + " --allow-clear"; }
+  String Arguments() const { return "support '" + file_ + "' --server " + server_.Address() + " --user ann"; }
 
-  // Only under encryption, which this server doesn't offer.
-  String Strict() const { return "support '" + file_ + "' --server " + server_.Address() + " --user ann"; }
+  // By an address that need not be this machine's, so that it is under encryption only, which this server
+  // doesn't offer.
+  String Strict() const { return Replace(Arguments(), server_.Address(), OtherAddress()); }
+  String OtherAddress() const { return Replace(server_.Address(), "127.0.0.1", "0.0.0.0"); }
 
   void ExpectArrived() const {
     const auto files = server_.Files();
@@ -84,7 +87,7 @@ TEST_F(SupportCommandTest, SpeaksToPeopleToo) {
 
 TEST_F(SupportCommandTest, TellsWhatGoesBeforeAnyOfItDoes) {
   const String unreachable =
-      "support '" + file_ + "' --user ann --server 127.0.0.1:" + std::to_string(FreePort());
+      "support '" + file_ + "' --user ann --server 0.0.0.0:" + std::to_string(FreePort());
   const Outcome strict = Run(unreachable, "ZELNOR_PASSWORD=secret");
   EXPECT_THAT(strict.err,
               AllOf(HasSubstr("people's data"), HasSubstr("the sender's password for HMRC's gateway"),
@@ -107,6 +110,7 @@ TEST_F(SupportCommandTest, GoesInTheClearOnlyWhereThatIsAllowed) {
   EXPECT_EQ(Run(Strict(), "ZELNOR_PASSWORD=secret setsid -w").status, 13);
   EXPECT_EQ(server_.Count("USER") + server_.Count("PASS") + server_.Count("STOR"), 0U)
       << "not even the login";
+  EXPECT_EQ(Run(Strict() + " --allow-clear", "ZELNOR_PASSWORD=secret setsid -w").status, 0);
 }
 
 TEST_F(SupportCommandTest, TakesThePasswordFromAFile) {
@@ -145,6 +149,40 @@ TEST_F(SupportCommandTest, WrongUsageIsTwo) {
   EXPECT_EQ(Run("support a.xml --user ann").status, 2);
   EXPECT_EQ(Run(Arguments() + " --password secret").status, 2) << "never as an argument";
   EXPECT_EQ(Run("support - --server localhost --user ann", "ZELNOR_PASSWORD=secret").status, 2);
+}
+
+TEST_F(SupportCommandTest, AServerThatCannotBeOneIsWrongUsage) {
+  for (const auto& [server, reason] : std::initializer_list<std::pair<String, String>>{
+           {"", "the name of the server is missing"},
+           {":21", "the name of the server is missing"},
+           {"h:abc", "the port \"abc\" is no number from 1 to 65535"},
+           {"h:", "the port \"\" is no number"},
+           {"h:0", "the port \"0\" is no number"},
+           {"h:99999", "the port \"99999\" is no number"},
+           {"h:21:22", "the port \"21:22\" is no number"},
+           {"ftp://h", "leave the \"ftp://\" out"},
+           {"h/folder", "\"/\" is in no server"},
+           {"ann@h", "\"@\" is in no server"},
+           {"h h", "\" \" is in no server"},
+           {"[::1", "no IPv6 address"},
+           {"[h]:21", "no IPv6 address"},
+           {"[::1]21", "only a port"}}) {
+    const Outcome run =
+        Run("support '" + file_ + "' --user ann --server '" + server + "'", "ZELNOR_PASSWORD=secret");
+    EXPECT_EQ(run.status, 2) << server;
+    EXPECT_THAT(run.err, HasSubstr("--server: ")) << server;
+    EXPECT_THAT(run.err, HasSubstr(reason)) << server;
+    EXPECT_THAT(run.err, HasSubstr("HOST or HOST:PORT")) << server;
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder_.At("home"))) << "before anything is made";
+}
+
+TEST_F(SupportCommandTest, TheArchivesFolderGoesWithTheArchive) {
+  ASSERT_EQ(Run(Arguments(), "ZELNOR_PASSWORD=secret").status, 0);
+  EXPECT_FALSE(std::filesystem::exists(folder_.At("home/temp")));
+  folder_.Put("home/temp/mine.txt", "");
+  ASSERT_EQ(Run(Arguments(), "ZELNOR_PASSWORD=secret").status, 0);
+  EXPECT_TRUE(std::filesystem::exists(folder_.At("home/temp/mine.txt")));
 }
 
 TEST_F(SupportCommandTest, AFileThatIsNoneIsThree) {
@@ -210,7 +248,7 @@ class AtATerminal : public SupportCommandTest {
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
     if (child == 0) {
       unsetenv("ZELNOR_PASSWORD");
-      const String address = server_.Address();
+      const String address = OtherAddress();
       const String home = folder_.At("home");
       execl(ZELNOR_PROGRAM, ZELNOR_PROGRAM, "--home", home.c_str(), "support", file_.c_str(), "--server",
             address.c_str(), "--user", "ann", static_cast<char*>(nullptr));

@@ -148,6 +148,24 @@ TEST_F(HttpTest, NoProxyOfAllHostsIsHeardBesideTheProxyOfOthers) {
   EXPECT_EQ(ExchangeHttp(server.Message()).body, "answer");
 }
 
+TEST_F(HttpTest, NoAddressOfThisMachineIsAskedThroughAProxy) {
+  const auto proxied = [](const String& url) {
+    const BytesServer server("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nproxy");
+    const ScopedEnvironment proxy("http_proxy", server.Message().url);
+    HttpMessage message = server.Message();
+    message.url = url;
+    try {
+      return ExchangeHttp(message).body == "proxy";
+    } catch (const RuntimeError&) {
+      return false;
+    }
+  };
+  EXPECT_TRUE(proxied("http://gateway.invalid/"));
+  for (const char* url :
+       {"http://127.9.0.1:1/", "http://127.0.0.1:1/", "http://localhost:1/", "http://[::1]:1/"})
+    EXPECT_FALSE(proxied(url)) << url;
+}
+
 TEST_F(HttpTest, TheBodyArrivesAsItIs) {
   Start("text \"answer\"");
   const HttpAnswer answer = ExchangeHttp(Message());

@@ -431,6 +431,21 @@ TEST_F(ProtocolTest, SpeaksTls) {
   EXPECT_NE(Post(Submission(), "/submission", trusting).exit, 0);
 }
 
+TEST_F(ProtocolTest, LeadsTheClientWhereItHasComeFrom) {
+  Start();
+  const auto end_point = [&](const std::string& host) {
+    return Post(Submission(), "/submission", "--header 'Host: " + host + "'").Text("ResponseEndPoint");
+  };
+  const std::string port = std::to_string(gateway_->port());
+  EXPECT_EQ(end_point("localhost:" + port), "http://localhost:" + port + "/poll");
+  EXPECT_EQ(end_point("[::1]:" + port), "http://[::1]:" + port + "/poll");
+  EXPECT_EQ(end_point("gateway-1.test"), "http://gateway-1.test/poll");
+  for (const char* odd : {"a/b", "user@host", "a b", "<x>", "::", "host:port", "host:99999", "[x", "h\xE9"}) {
+    EXPECT_EQ(end_point(odd), gateway_->url() + "/poll") << odd;
+  }
+  EXPECT_EQ(end_point(std::string(300, 'a')), gateway_->url() + "/poll");
+}
+
 TEST_F(ProtocolTest, ListensOnLoopbackAlone) {
   Start();
   // /proc/net/tcp names each listening socket's address in hexadecimal: 0100007F is 127.0.0.1.

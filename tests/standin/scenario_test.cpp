@@ -167,6 +167,16 @@ TEST(ScenarioText, AMistakeIsToldWithItsLine) {
   EXPECT_EQ(Refusal("huge mb=1025"), "The scenario, line 1: mb is a number up to 1024.");
   EXPECT_EQ(Refusal("proper x1000000"),
             "The scenario, line 1: \"x1000000\" is too often; the most is x99999.");
+  EXPECT_EQ(Refusal("proper\nempty x0"), "The scenario, line 2: \"x0\" is never; the least is x1.");
+  for (const std::string number : {"abc", "", "1e3", "-", "1234567890", "\" 1\""}) {
+    EXPECT_THAT(Refusal("proper\nerror number=" + number),
+                testing::MatchesRegex("The scenario, line 2: \".*\" is no error's number; .*"))
+        << number;
+  }
+  EXPECT_EQ(Refusal("error number=-9999"), "accepted");
+  EXPECT_THAT(Refusal("business-error error=\"7780|business|a\" error=\"text|business|b\""),
+              HasSubstr("line 1: \"text\" is no error's number"));
+  EXPECT_EQ(Refusal("error number=1 number=2"), "The scenario, line 1: \"number\" is there twice.");
   EXPECT_THAT(Refusal("file /not/there"), HasSubstr("the file \"/not/there\" can't be read"));
   EXPECT_THAT(Refusal("file /tmp"), HasSubstr("the file \"/tmp\" can't be read"));
 }
