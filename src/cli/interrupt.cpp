@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <cstring>
+#include <ctime>
 #include <initializer_list>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@ namespace {
 constexpr std::initializer_list<int> kSignals = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t caught_signal = 0;
+volatile time_t caught_at = 0;
 const char* volatile notice = nullptr;
 
 void Handle(int signal, void (*handler)(int)) {
@@ -20,10 +22,23 @@ void Handle(int signal, void (*handler)(int)) {
   sigaction(signal, &action, nullptr);
 }
 
-// From the first signal on a further one ends the program at once.
+time_t Now() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return now.tv_sec;
+}
+
+// A further signal ends the program at once; not one that comes together with the first, as when a process
+// group and its members are sent the same.
 void Remember(int signal) {
+  if (caught_signal != 0) {
+    if (Now() - caught_at < 2) return;
+    Handle(signal, SIG_DFL);
+    std::raise(signal);
+    return;
+  }
   caught_signal = signal;
-  for (const int each : kSignals) Handle(each, SIG_DFL);
+  caught_at = Now();
   const char* text = notice;
   if (text != nullptr && write(STDERR_FILENO, text, std::strlen(text)) < 0) notice = nullptr;
 }

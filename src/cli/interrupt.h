@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// Signals that ask the program to stop. A command ends in good order first; a second signal ends it at once.
+/// Signals that ask the program to stop. A command ends in good order first; another signal, two seconds
+/// later, ends it at once.
 
 namespace zelnor::cli {
 

@@ -87,6 +87,20 @@ class Background {
   Background& operator=(const Background&) = delete;
   ~Background() { Kill(); }
 
+  /// Sends it a signal, and tells whether that ended it within a second and a half.
+  bool EndsBy(int signal) {
+    kill(process_, signal);
+    for (int turn = 0; turn < 150; ++turn) {
+      int status = 0;
+      if (waitpid(process_, &status, WNOHANG) == process_) {
+        process_ = 0;
+        return WIFSIGNALED(status) && WTERMSIG(status) == signal;
+      }
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return false;
+  }
+
   /// Ends it without a word, as a power cut would.
   void Kill() {
     if (process_ <= 0) return;
@@ -155,16 +169,10 @@ TEST_F(SendingCliTest, SendGoesThroughTheLocalGateway) {
 TEST_F(SendingCliTest, ASendThatIsKilledWhileItsPostWaitsLeavesTheWordThatItMayHaveArrived) {
   const GatewayProcess gateway(folder_,
                                "--scenario " + Quoted(folder_.Put("scenario", "submission: stall before\n")));
+  Background run(InBackground(Send(gateway.Options())));
   // The gateway has the document when it tells of the exchange.
-  const String send = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' " + Send(gateway.Options()) +
-                      " >/dev/null 2>&1 & echo $! >'" + folder_.At("pid") + "'";
-  ASSERT_EQ(std::system(send.c_str()), 0);
-  const auto is_handed = [&] { return gateway.Text().find("submission request") != String::npos; };
-  for (int turn = 0; turn < 3000 && !is_handed(); ++turn) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  ASSERT_TRUE(is_handed()) << gateway.Text();
-  ASSERT_EQ(kill(std::stoi(folder_.Get("pid")), SIGKILL), 0);
+  ASSERT_TRUE(WaitFor(gateway, "submission request")) << gateway.Text();
+  run.Kill();
   const Outcome listed = Run("log list --json");
   const json logs = json::parse(listed.out)["logs"];
   ASSERT_EQ(logs.size(), 1U) << listed.out;
@@ -173,6 +181,15 @@ TEST_F(SendingCliTest, ASendThatIsKilledWhileItsPostWaitsLeavesTheWordThatItMayH
   EXPECT_THAT(told["advice"].get<String>(),
               HasSubstr("HMRC may have it. Do not send it again before you have asked"));
   EXPECT_EQ(told["paye_ref"].is_null(), false) << "and whose it is";
+}
+
+TEST_F(SendingCliTest, ASignalWaitsForTheAnswerAndALaterOneDoesNot) {
+  const GatewayProcess gateway(folder_, "--scenario " + Quoted(folder_.Put("stall", "stall before\n")));
+  Background run(InBackground(Send(gateway.Options())));
+  ASSERT_TRUE(WaitFor(gateway, "told: stall"));
+  EXPECT_FALSE(run.EndsBy(SIGINT));
+  std::this_thread::sleep_for(std::chrono::seconds(1));
+  EXPECT_TRUE(run.EndsBy(SIGINT));
 }
 
 TEST_F(SendingCliTest, TheAddressesOfARunDontStayInTheSettings) {
