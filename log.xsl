@@ -275,9 +275,9 @@
       <xsl:when test="$outcome = 'connection' and string($log/CorrelationID)">The connection was lost after <xsl:value-of select="$who"/> had received it. Do not send it again: ask for the answer later, with the correlation ID below.</xsl:when>
       <xsl:when test="$outcome = 'connection' and $messages[self::ToGateway]">It was sent, but no usable answer came. Before you send it again, find out whether <xsl:value-of select="$who"/> has it.</xsl:when>
       <xsl:when test="$outcome = 'connection' and $handed and not($refused-certificate)">
-        <xsl:text>Nothing is known to have arrived. But it was handed to the gateway at </xsl:text>
+        <xsl:text>Nothing is known to have arrived. Look to the internet connection and the date of this computer, then send it again. Only if the connection stood at </xsl:text>
         <xsl:call-template name="clock"><xsl:with-param name="stamp" select="$handed/@TimeStamp"/></xsl:call-template>
-        <xsl:text>, and where the connection broke off after that, HMRC may have it. Look to the internet connection, and ask HMRC before you send it again.</xsl:text>
+        <xsl:text> and broke off after that, HMRC may have it: then look into your PAYE Online account first.</xsl:text>
       </xsl:when>
       <xsl:when test="$outcome = 'unanswered'">
         <xsl:text>It was handed to the gateway at </xsl:text>

@@ -182,6 +182,10 @@ void PrepareHome(const CommonOptions& options) {
                                           Cause(ProgramFolder(), error.Description()) +
                                           ". Give a folder of your own by --home or ZELNOR_HOME.");
   }
+}
+
+void PrepareWritableHome(const CommonOptions& options) {
+  PrepareHome(options);
   RequireWritableHome();
 }
 
@@ -216,9 +220,12 @@ XmlDocument ReadMessage(const String& path) {
 }
 
 void RefuseToOverwrite(const String& out, const String& file) {
+  if (out == "-")
+    throw CommandError(kWrongUsage, "It is written to a file, not to standard output. Name one.");
   std::error_code none;
   if (out.empty() || file == "-" || !std::filesystem::equivalent(SystemPath(out), file, none)) return;
-  throw CommandError(kWrongUsage, out + " is the document itself, which would be lost. Name another file.");
+  throw CommandError(kWrongUsage,
+                     out + " is the file itself that is read, which would be lost. Name another.");
 }
 
 String ReadInto(clsRTIController& controller, const String& path, const XmlDocument& document) {
@@ -278,7 +285,7 @@ String LogLine(const String& written_log) {
 
 Json LogAsJson(const String& written_log) { return written_log.empty() ? Json() : Json(written_log); }
 
-void WriteOut(std::string_view text) {
+void WriteOut(std::string_view text, std::size_t told) {
   errno = 0;
   const bool taken = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (taken && std::fflush(stdout) == 0) return;
@@ -286,13 +293,14 @@ void WriteOut(std::string_view text) {
   std::clearerr(stdout);
   String message = "cannot write standard output: " + cause + ". Make room, or send it to another file.";
   // What a command has done is done, and its correlation id must not be lost.
-  constexpr std::size_t kShort = 4096;
-  if (text.size() <= kShort) message += "\nThis should stand there:\n" + String(TrimXmlSpace(text));
-  throw CommandError(kUnknownError, message);
+  if (text.size() <= told) message += "\nThis should stand there:\n" + String(TrimXmlSpace(text));
+  throw OutputError(message);
 }
 
 void Print(const CommonOptions& options, const Json& json, const String& text) {
-  WriteOut(options.json ? json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n" : text);
+  constexpr std::size_t kAccount = 65536;
+  if (!options.json) return WriteOut(text);
+  WriteOut(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n", kAccount);
 }
 
 }  // namespace zelnor::cli

@@ -51,6 +51,12 @@ class CommandError : public std::runtime_error {
   ExitStatus status_;
 };
 
+/// Standard output takes nothing: what should stand there is in the message.
+class OutputError : public CommandError {
+ public:
+  explicit OutputError(const String& message) : CommandError(kUnknownError, message) {}
+};
+
 /// The exit status of a result.
 ExitStatus StatusOf(SUBMISSION_RESULT result);
 
@@ -61,8 +67,12 @@ String NameOf(SUBMISSION_RESULT result);
 void Tell(const String& message);
 
 /// Chooses the program's folder and furnishes it when it is missing or empty. Raises CommandError for one
-/// that can't be written to.
+/// that can't be used.
 void PrepareHome(const CommonOptions& options);
+
+/// PrepareHome for a command that keeps a log or messages: raises CommandError for a folder that can't be
+/// written to.
+void PrepareWritableHome(const CommonOptions& options);
 
 /// Raises CommandError when the program's folder has no schemas.
 void RequireSchemas();
@@ -74,8 +84,8 @@ String AbsolutePath(const String& path);
 /// (kUnreadableInput) that names file, line and remedy for anything else.
 XmlDocument ReadMessage(const String& path);
 
-/// Raises CommandError (kWrongUsage) when `out` is the document `file` itself: what a person wrote isn't to
-/// be lost for what the writer makes of it.
+/// Raises CommandError (kWrongUsage) when `out` is "-", or the file `file` itself: what a person wrote isn't
+/// to be lost for what the writer makes of it.
 void RefuseToOverwrite(const String& out, const String& file);
 
 /// Has the controller read the message of a file. Returns what couldn't be read, such as an amount that is no
@@ -106,9 +116,9 @@ String LogLine(const String& written_log);
 /// The same for other programs: null where there is none.
 Json LogAsJson(const String& written_log);
 
-/// Writes text to standard output. CommandError (kUnknownError) where not all of it arrives; it has
-/// a short text with it.
-void WriteOut(std::string_view text);
+/// Writes text to standard output. Raises OutputError where not all of it arrives, with the text itself where
+/// that has no more than `told` bytes.
+void WriteOut(std::string_view text, std::size_t told = 4096);
 
 /// Writes the JSON object, or the lines for people, to standard output. Errors as WriteOut.
 void Print(const CommonOptions& options, const Json& json, const String& text);

@@ -243,6 +243,7 @@ void Account::FollowTransport() {
   from.IRmarkGenerated.connect([this](const String& base64, const String& base32) {
     mark_ = {base64, base32};
   });
+  from.MessageSent.connect([this](const Ref<clsGovTalkMessage>&, const String&) { sent_ = true; });
   from.ResponseReceived.connect([this](const Ref<clsGovTalkMessage>& response) {
     told_interval_ = response->Header_MessageDetails()->ResponsePollInterval();
     own_errors_ = Json::array();
@@ -252,6 +253,8 @@ void Account::FollowTransport() {
     }
   });
 }
+
+bool Account::HasTriedToSend() const { return sent_ || !controller_.Transport()->LastFailure().empty(); }
 
 std::map<String, std::int64_t> Account::FilesInFolder() const {
   std::map<String, std::int64_t> files;

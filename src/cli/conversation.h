@@ -66,7 +66,9 @@ class GatewayInUse {
 
 /// What a person who interrupts a conversation is told at once.
 inline constexpr const char* kCancelling =
-    "\nzelnor: Cancelling, behind the answer that is being waited for. Once more ends the program at once.\n";
+    "\nzelnor: Cancelling, behind the answer that is being waited for. Once more, after two seconds, ends "
+    "the "
+    "program at once.\n";
 
 /// The host of a conversation: a loopback target counts as connected, an interrupt cancels.
 class ConversationHost : public ProgramHost {
@@ -110,6 +112,9 @@ class Account {
   /// Names a copy that was asked for, where it has been written.
   void AddCopy(const String& path);
 
+  /// Whether any message went out, or might have.
+  bool HasTriedToSend() const;
+
   /// Whether a provisional answer has come since the last call; and the interval in seconds that it told.
   bool TakeProvisionalAnswer() { return std::exchange(provisional_, false); }
   Long ToldInterval() const { return told_interval_; }
@@ -131,6 +136,7 @@ class Account {
   Json events_ = Json::array();
   Json own_errors_ = Json::array();
   std::pair<String, String> mark_;
+  bool sent_ = false;
   bool provisional_ = false;
   Long told_interval_ = 0;
   ProgressLine progress_;

@@ -46,18 +46,29 @@ String Complaint(const CLI::App& app, const CLI::ParseError& error) {
   return "\"" + *word + "\" is no command of zelnor" + inside + ".";
 }
 
+// An empty value, such as that of a script's variable without one, is never taken as an option left out.
+String RefuseEmpty(const std::string& value) { return value.empty() ? "a value is missing." : ""; }
+
 void AddGatewayOptions(CLI::App& command, GatewayOptions& options) {
-  command.add_option(
-      "--gateway", options.gateway,
-      "local: one inside the program (the default of send); hmrc: the addresses of the settings, HMRC's "
-      "own at first; hmrc needs --mode");
+  command
+      .add_option(
+          "--gateway", options.gateway,
+          "local: one inside the program (the default of send); hmrc: the addresses of the settings, HMRC's "
+          "own at first; hmrc needs --mode")
+      ->check(RefuseEmpty);
   command.add_option("--submission-url", options.submission_url, "The address that takes submissions")
-      ->type_name("URL");
-  command.add_option("--poll-url", options.poll_url, "The address that answers polls")->type_name("URL");
-  command.add_option("--mode", options.mode,
-                     "Live (the default), Test, FileOnly, DevLive, DevTest, DevFileLive or DevFileTest");
+      ->type_name("URL")
+      ->check(RefuseEmpty);
+  command.add_option("--poll-url", options.poll_url, "The address that answers polls")
+      ->type_name("URL")
+      ->check(RefuseEmpty);
+  command
+      .add_option("--mode", options.mode,
+                  "Live (the default), Test, FileOnly, DevLive, DevTest, DevFileLive or DevFileTest")
+      ->check(RefuseEmpty);
   command
       .add_option("--user", options.user, "The sender's id; it replaces the sender's details of the document")
+      ->check(RefuseEmpty)
       ->type_name("NAME");
   command
       .add_option("--password-file", options.password_file,
@@ -296,6 +307,8 @@ int Run(int argc, char** argv) {
     if (*log_prune) return RunLogPrune(options, log_options);
     if (*support) return RunSupport(options, support_options);
     return RunSave(options, save_options);
+  } catch (const OutputError& error) {
+    return ReportFailure({}, error.what(), error.Status());
   } catch (const CommandError& error) {
     return ReportFailure(options, error.what(), error.Status());
   } catch (...) {

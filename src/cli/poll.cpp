@@ -27,7 +27,7 @@ int RunPoll(const CommonOptions& options, const PollOptions& poll) {
         kWrongUsage,
         "Say which gateway has the submission: --submission-url and --poll-url, or --gateway hmrc.");
   }
-  PrepareHome(options);
+  PrepareWritableHome(options);
   const String password = PasswordOf(poll.gateway);
   const GatewayInUse gateway(poll.gateway);
   const OwnSetting connection_test("DoInternetConnectionTest");

@@ -20,13 +20,15 @@ int RunReport(const CommonOptions& options, const ReportOptions& report) {
                                         " on standard output. Name a file with -o, or leave --json out.");
   }
   PrepareHome(options);
-  const XmlDocument log = ReadLog(PathOfLog(report.log));
+  const String path = PathOfLog(report.log);
+  const String out = AbsolutePath(report.out);
+  RefuseToOverwrite(out, path);
+  const XmlDocument log = ReadLog(path);
   const String text = Rendered(log, format, OrderOf(report.sort));
   if (report.out.empty()) {
     Print({}, {}, text);
     return kSuccessful;
   }
-  const String out = AbsolutePath(report.out);
   WriteOutput(out, text);
   Print(options, {{"report", out}, {"format", format}}, "Report   " + out + "\n");
   return kSuccessful;

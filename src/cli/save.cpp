@@ -1,4 +1,5 @@
 #include "zelnor/cli/conversation.h"
+#include "zelnor/cli/interrupt.h"
 #include "zelnor/common/clsLog.h"
 #include "zelnor/controller/clsRTIController.h"
 #include "zelnor/documents/clsSectionIRHeader.h"
@@ -14,8 +15,6 @@ namespace zelnor::cli {
 namespace {
 
 String OutOf(const String& out, const String& file) {
-  if (out == "-")
-    throw CommandError(kWrongUsage, "A document is saved to a file, not to standard output. Name one.");
   String path = AbsolutePath(out);
   RefuseToOverwrite(path, file);
   if (!EndsInSeparator(path) && std::filesystem::is_directory(SystemPath(path))) {
@@ -30,13 +29,15 @@ String OutOf(const String& out, const String& file) {
 int RunSave(const CommonOptions& options, const SaveOptions& save) {
   const Date today = TodayOf(save.today);
   const String out = OutOf(save.out, save.file);
-  PrepareHome(options);
+  PrepareWritableHome(options);
   clsRTIController rti;
   const OwnSetting validation_required("ValidationRequired");
   if (save.no_validation) rti.ValidationRequired(false);
   if (!save.today.empty()) rti.SystemDate(today);
   const String unread = LoadDocument(rti, save.file, ReadMessage(save.file));
   ChooseForm(rti, save.compress, save.plain);
+  NoticeOfInterrupt(
+      "\nzelnor: The document is saved first. Once more, after two seconds, ends the program at once.\n");
   SUBMISSION_RESULT result = rti.SaveSubmission(out);
   if (!unread.empty()) {
     Tell(unread + "\nThe saved document lacks it: correct the document and save it again.");
@@ -53,6 +54,7 @@ int RunSave(const CommonOptions& options, const SaveOptions& save) {
   String text = "Result   " + NameOf(result) + "\n";
   if (saved)
     text += "Saved    " + path + "\nIRmark   " + mark + "\n         " + clsSHA1::Base32Of(mark) + "\n";
+  if (!unread.empty()) json["error"] = unread;
   if (result == SUBMISSION_RESULT::UnknownError) {
     const String trouble = LoggedTrouble(*rti.ProcessingLog(), out);
     if (!trouble.empty()) {

@@ -28,7 +28,7 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   if (send.file == "-" && send.gateway.password_file == "-") {
     throw CommandError(kWrongUsage, "Standard input can't be both the document and the password.");
   }
-  PrepareHome(options);
+  PrepareWritableHome(options);
   RequireSchemas();
   const String password = PasswordOf(send.gateway);
   XmlDocument document = ReadMessage(send.file);
@@ -52,8 +52,11 @@ int RunSend(const CommonOptions& options, const SendOptions& send) {
   SetHost(host);
   NoticeOfInterrupt(kCancelling);
   Account account(rti);
-  const SUBMISSION_RESULT result = rti.SendSubmission(send.gateway.user, password, copy, another_copy);
+  SUBMISSION_RESULT result = rti.SendSubmission(send.gateway.user, password, copy, another_copy);
   account.EndProgress();
+  // A cancel between two stages of the validation lets the send begin, which then sends nothing.
+  if (result == SUBMISSION_RESULT::FailedSend && host->Interrupted() && !account.HasTriedToSend())
+    result = SUBMISSION_RESULT::CancelledSend;
   account.TellCause();
   account.AddCopy(copy);
   account.AddCopy(another_copy);

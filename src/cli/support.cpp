@@ -175,7 +175,7 @@ int RunSupport(const CommonOptions& options, const SupportOptions& support) {
   if (support.file == "-") {
     throw CommandError(kWrongUsage, "Standard input can't be sent. Give the file of the saved submission.");
   }
-  PrepareHome(options);
+  PrepareWritableHome(options);
   const XmlDocument document = ReadMessage(support.file);
   GatewayOptions account;
   account.user = support.user;

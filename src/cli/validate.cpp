@@ -52,7 +52,8 @@ std::set<String> ChosenStages(const String& list) {
     return chosen;
   }
   std::istringstream names(list);
-  for (std::string name; std::getline(names, name, ',');) {
+  for (std::string entry; std::getline(names, entry, ',');) {
+    const String name(TrimXmlSpace(entry));
     if (std::none_of(stages.begin(), stages.end(), [&](const Stage& stage) { return name == stage.name; })) {
       throw CommandError(
           kWrongUsage,
@@ -190,7 +191,8 @@ String AsJunit(const Findings& found) {
       const XmlNode test = suite.AppendElement("testcase");
       test.Attribute("classname",
                      error["employee"].is_null() ? String(stage.family) : TextOf(error["employee"]));
-      test.Attribute("name", TextOf(error["field"]) + " " + TextOf(error["code"]));
+      const String rule(TrimXmlSpace(TextOf(error["field"]) + " " + TextOf(error["code"])));
+      test.Attribute("name", rule.empty() ? TextOf(error["title"]) : rule);
       const XmlNode failure = test.AppendElement("failure");
       failure.Attribute("type", TextOf(error["severity"]));
       failure.Attribute("message", TextOf(error["title"]));
@@ -243,16 +245,21 @@ void GatherErrors(clsRTIController& rti, Findings& found) {
   }
 }
 
-// A check that breaks off leaves no record: the stage that ran last gets one, with what was shown meanwhile.
-void TellOfBreak(Findings& found, const std::deque<ShownMessage>& messages) {
+// What was shown meanwhile, line by line.
+String Joined(const std::deque<ShownMessage>& messages) {
+  if (messages.empty()) return "The check ended early; the log tells more.";
+  String text;
+  for (const ShownMessage& message : messages) text += (text.empty() ? "" : "\n") + message.text;
+  return text;
+}
+
+// A check that ends early leaves no record: the stage that ran last gets one.
+void TellOfEnd(Findings& found, const String& title, const String& description) {
   const auto last =
       std::find_if(found.stages.rbegin(), found.stages.rend(), [](const Stage& stage) { return stage.ran; });
   if (last == found.stages.rend()) return;
-  String shown;
-  for (const ShownMessage& message : messages) shown += (shown.empty() ? "" : "\n") + message.text;
-  if (shown.empty()) shown = "The check ended early; the log tells more.";
   clsException error;
-  error.Create("", "", "The check broke off", shown, "", "", 3);
+  error.Create("", "", title, description, "", "", 3);
   last->passed = false;
   found.errors.push_back(ErrorJson(last->family, error));
 }
@@ -277,7 +284,7 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   if (options.json && format != "json") {
     throw CommandError(kWrongUsage, "--format " + format + " contradicts --json: leave one of them out.");
   }
-  PrepareHome(options);
+  PrepareWritableHome(options);
   XmlDocument document = ReadMessage(validate.file);
   std::vector<std::unique_ptr<OwnSetting>> kept;
   for (const char* key : {"ValidationRequired", "ValidateEnvelope", "ValidateCompany", "ValidateEmployees",
@@ -311,7 +318,11 @@ int RunValidate(const CommonOptions& options, const ValidateOptions& validate) {
   if (!has_envelope && !found.cancelled && chosen.contains("schema") && !found.stages.back().ran)
     RunSchemaStage(rti, found);
   const bool broke_off = has_envelope ? !valid : !host->Messages().empty();
-  if (broke_off && found.errors.empty() && !found.cancelled) TellOfBreak(found, host->Messages());
+  if (found.cancelled) {
+    TellOfEnd(found, "Cancelled", "The check was cancelled before all was checked.");
+  } else if (broke_off && found.errors.empty()) {
+    TellOfEnd(found, "The check broke off", Joined(host->Messages()));
+  }
   SetHost(nullptr);
   found.valid =
       !found.cancelled && std::all_of(found.stages.begin(), found.stages.end(),

@@ -385,7 +385,7 @@ TEST_F(CliTest, ADocumentIsNeverReplacedByWhatIsMadeOfIt) {
         "send --save-another-copy " + file + " --save-copy " + Quoted(folder_.At("c.xml")) + " " + file}) {
     const Outcome run = Run(command);
     EXPECT_EQ(run.status, 2) << command;
-    EXPECT_THAT(run.err, HasSubstr("in.xml is the document itself"));
+    EXPECT_THAT(run.err, HasSubstr("in.xml is the file itself that is read"));
     EXPECT_EQ(folder_.Get("in.xml"), before);
   }
 }
@@ -394,6 +394,9 @@ TEST_F(CliTest, ContradictionsAreWrongUsage) {
   const String sample = Quoted(SamplePath());
   const std::pair<String, String> wrong[] = {
       {"save " + sample + " -", "not to standard output"},
+      {"send --save-copy - " + sample, "not to standard output"},
+      {"send --mode Live --submission-url '' --poll-url '' " + sample, "a value is missing"},
+      {"send --gateway '' " + sample, "a value is missing"},
       {"--json validate --format csv " + sample, "--format csv contradicts --json"},
       {"send --user U --password-file - - <" + sample, "both the document and the password"},
   };
@@ -402,6 +405,17 @@ TEST_F(CliTest, ContradictionsAreWrongUsage) {
     EXPECT_EQ(run.status, 2) << arguments;
     EXPECT_THAT(run.err, HasSubstr(message));
   }
+}
+
+TEST_F(CliTest, AReportDoesNotReplaceItsLog) {
+  ASSERT_EQ(Run("save --no-validation " + Quoted(SamplePath()) + " " + Quoted(folder_.At("out.xml"))).status,
+            0);
+  const json logs = json::parse(Run("log list --json").out)["logs"];
+  ASSERT_EQ(logs.size(), 1U);
+  const String log = logs[0]["path"];
+  const String before = ReadFile(log);
+  EXPECT_EQ(Run("report " + Quoted(log) + " -o " + Quoted(log)).status, 2);
+  EXPECT_EQ(ReadFile(log), before);
 }
 
 TEST_F(CliTest, AnEmptyPasswordIsRefused) {

@@ -51,6 +51,9 @@ TEST_F(TroubleCliTest, AFullStandardOutputIsAnErrorOfEveryCommand) {
 TEST_F(TroubleCliTest, WhatCameOfASendIsToldThoughStandardOutputIsFull) {
   const Outcome run = RunInto("/dev/full", "send --no-validation " + Quoted(SamplePath()));
   EXPECT_THAT(run.err, AllOf(HasSubstr("Result          Successful"), HasSubstr("Correlation ID")));
+  const String json = RunInto("/dev/full", "--json send --no-validation " + Quoted(SamplePath())).err;
+  EXPECT_THAT(json, AllOf(HasSubstr("\"result\": \"Successful\""), HasSubstr("\"correlation_id\": ")));
+  EXPECT_EQ(json.find("This should stand there"), json.rfind("This should stand there"));
   EXPECT_THAT(RunInto("/dev/full", "new fps").err, Not(HasSubstr("GovTalkMessage"))) << "too long";
 }
 

@@ -149,25 +149,40 @@ TEST_F(ValidateCliTest, ACheckThatBreaksOffHasItsRecordInAllFormats) {
   EXPECT_EQ(json::parse(schema.out)["errors"].size(), 1U);
 }
 
-TEST_F(ValidateCliTest, AnInterruptedRunCallsNothingValid) {
-  String text = ReadFile(SamplePath());
-  const std::size_t from = text.find("<Employee>");
-  const std::size_t to = text.find("</Employee>", from) + 11;
-  ASSERT_LT(to, text.size());
-  const String employee = text.substr(from, to - from);
-  String employees;
-  for (int i = 0; i < 20000; ++i) employees += employee;
-  const String file = folder_.Put("many.xml", text.insert(from, employees));
-  // The log is first saved as the check begins.
-  const String script = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' --json validate --plain " +
-                        kToday + "'" + file + "' >'" + folder_.At("out.txt") + "' & until ls '" +
-                        folder_.At("home/xml/logs") +
-                        "'/*.xml >'/dev/null' 2>&1; do sleep 0.01; done; kill -INT $!; wait $!; exit $?";
-  const int status = std::system(script.c_str());
-  EXPECT_EQ(WEXITSTATUS(status), 14);
-  const json told = json::parse(folder_.Get("out.txt"));
+// A run that is interrupted while it checks many employees.
+class InterruptedCheck : public ValidateCliTest {
+ protected:
+  json Told(const String& command) const {
+    String text = ReadFile(SamplePath());
+    const std::size_t from = text.find("<Employee>");
+    const std::size_t to = text.find("</Employee>", from) + 11;
+    const String employee = text.substr(from, to - from);
+    String employees;
+    for (int i = 0; i < 20000; ++i) employees += employee;
+    const String file = folder_.Put("many.xml", text.insert(from, employees));
+    // The log is first saved as the check begins.
+    const String script = "'" ZELNOR_PROGRAM "' --home '" + folder_.At("home") + "' --json " + command +
+                          " --plain " + kToday + "'" + file + "' >'" + folder_.At("out.txt") +
+                          "' & until ls '" + folder_.At("home/xml/logs") +
+                          "'/*.xml >'/dev/null' 2>&1; do sleep 0.01; done; kill -INT $!; wait $!; exit $?";
+    const int status = std::system(script.c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 14);
+    return json::parse(folder_.Get("out.txt"));
+  }
+};
+
+TEST_F(InterruptedCheck, CallsNothingValid) {
+  const json told = Told("validate");
   EXPECT_EQ(told["valid"], false);
   EXPECT_EQ(told["cancelled"], true);
+  ASSERT_EQ(told["errors"].size(), 1U);
+  EXPECT_EQ(told["errors"][0]["title"], "Cancelled");
+}
+
+TEST_F(InterruptedCheck, SendsNothing) {
+  const json told = Told("send");
+  EXPECT_EQ(told["result"], "CancelledSend");
+  EXPECT_EQ(told["correlation_id"], "");
 }
 
 }  // namespace

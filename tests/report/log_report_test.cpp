@@ -322,8 +322,8 @@ TEST_F(LogReport, AConnectionThatFailedAfterTheHandingOverLeavesADoubt) {
   session_->FoundNoConnection();
   EXPECT_EQ(Facts().outcome, "connection");
   EXPECT_THAT(Facts().advice,
-              AllOf(HasSubstr("handed to the gateway at 10:11:12"), HasSubstr("HMRC may have it"),
-                    HasSubstr("ask HMRC before you send it again")));
+              AllOf(HasSubstr("then send it again"), HasSubstr("if the connection stood at 10:11:12"),
+                    HasSubstr("HMRC may have it"), HasSubstr("look into your PAYE Online account first")));
 }
 
 TEST_F(LogReport, AFaultOfHmrcsIsNotForThePersonToPutRight) {
