@@ -20,7 +20,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <poll.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -94,17 +93,12 @@ String AskForPassword() {
   tcsetattr(fileno(terminal), TCSAFLUSH, &hidden);
   std::fputs("Password: ", terminal);
   std::fflush(terminal);
-  // A signal is only remembered, and wouldn't end a read that waits.
-  pollfd answer{fileno(terminal), POLLIN, 0};
-  while (CaughtSignal() == 0 && poll(&answer, 1, 100) <= 0) {
-  }
-  std::array<char, 1024> line{};
-  const bool read = CaughtSignal() == 0 && std::fgets(line.data(), line.size(), terminal) != nullptr;
+  const std::optional<std::string> line = TypedLine(terminal);
   tcsetattr(fileno(terminal), TCSAFLUSH, &shown);
   std::fputs("\n", terminal);
   std::fclose(terminal);
-  if (!read) throw CommandError(kCancelledSend, "No password was given.");
-  return FirstLine(line.data());
+  if (!line) throw CommandError(kCancelledSend, "No password was given.");
+  return FirstLine(*line);
 }
 
 Json ErrorOf(const clsGTMGovTalkError& error) {

@@ -1,9 +1,11 @@
 #include "zelnor/cli/interrupt.h"
 
+#include <array>
 #include <csignal>
 #include <cstring>
 #include <ctime>
 #include <initializer_list>
+#include <poll.h>
 #include <unistd.h>
 
 namespace zelnor::cli {
@@ -55,6 +57,16 @@ SignalsEndAtOnce::SignalsEndAtOnce() {
 
 SignalsEndAtOnce::~SignalsEndAtOnce() {
   if (caught_signal == 0) RememberSignals();
+}
+
+// A signal is only remembered, and wouldn't end a read that waits.
+std::optional<std::string> TypedLine(std::FILE* terminal) {
+  pollfd answer{fileno(terminal), POLLIN, 0};
+  while (CaughtSignal() == 0 && poll(&answer, 1, 100) <= 0) {
+  }
+  std::array<char, 1024> line{};
+  if (CaughtSignal() != 0 || std::fgets(line.data(), line.size(), terminal) == nullptr) return std::nullopt;
+  return line.data();
 }
 
 void NoticeOfInterrupt(const char* text) { notice = text; }

@@ -4,6 +4,10 @@
 /// Signals that ask the program to stop. A command ends in good order first; another signal, two seconds
 /// later, ends it at once.
 
+#include <cstdio>
+#include <optional>
+#include <string>
+
 namespace zelnor::cli {
 
 /// Has the first SIGINT, SIGTERM or SIGHUP remembered.
@@ -17,6 +21,10 @@ class SignalsEndAtOnce {
   SignalsEndAtOnce(const SignalsEndAtOnce&) = delete;
   SignalsEndAtOnce& operator=(const SignalsEndAtOnce&) = delete;
 };
+
+/// A line that a person types at an open terminal, with its end; nothing when a signal or the end of input
+/// came instead.
+std::optional<std::string> TypedLine(std::FILE* terminal);
 
 /// What the first signal writes to standard error, where the end may take a while; nothing for nullptr.
 void NoticeOfInterrupt(const char* text);

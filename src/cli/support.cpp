@@ -11,12 +11,10 @@
 #include "zelnor/platform/text.h"
 
 #include <arpa/inet.h>
-#include <array>
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
-#include <poll.h>
 #include <unistd.h>
 
 namespace zelnor::cli {
@@ -158,14 +156,9 @@ bool AllowsClear(const String& server) {
       "Send it in the clear all the same? [y/N] ",
       server.c_str());
   std::fflush(terminal);
-  // A signal is only remembered, and wouldn't end a read that waits.
-  pollfd answer{fileno(terminal), POLLIN, 0};
-  while (CaughtSignal() == 0 && poll(&answer, 1, 100) <= 0) {
-  }
-  std::array<char, 64> line{};
-  const bool read = CaughtSignal() == 0 && std::fgets(line.data(), line.size(), terminal) != nullptr;
+  const std::optional<std::string> line = TypedLine(terminal);
   std::fclose(terminal);
-  return read && (line[0] == 'y' || line[0] == 'Y');
+  return line && (line->starts_with('y') || line->starts_with('Y'));
 }
 
 }  // namespace
